@@ -1,0 +1,75 @@
+#include "core/Game.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+
+#include "core/FramePacer.h"
+#include "core/GameLock.h"
+
+namespace Grevan {
+
+Game* Game::instance = nullptr;
+
+Game::Game(StartMode mode) : startMode(mode) {
+    // No member may call Allegro before this point: the library starts only now.
+    if (mode == StartMode::DISPLAY) {
+        install_allegro(SYSTEM_AUTODETECT, &errno, atexit);
+        install_timer();
+        inputSystem.initialize();
+    } else {
+        install_allegro(SYSTEM_NONE, &errno, atexit);
+        set_color_depth(32);
+    }
+    instance = this;
+    srand(time(nullptr));
+    initializeLock();
+}
+
+Game::~Game() {
+    allegro_exit();
+    destroyLock();
+    if (instance == this) {
+        instance = nullptr;
+    }
+}
+
+bool Game::start() {
+    if (!screen.setVideoMode(800, 600, 32) && !screen.setVideoMode(640, 480, 32)) {
+        return false;
+    }
+    gameLoop();
+    return true;
+}
+
+void Game::gameLoop() {
+    FramePacer pacer(time(nullptr));
+    while (!gameEnded) {
+        // Escape ends the game after the frame in hand.
+        if (key[KEY_ESC]) {
+            gameEnded = true;
+        }
+        pacer.beginFrame(time(nullptr));
+        BITMAP* buffer = screen.getBufferPage();
+
+        lockGame();
+        unlockGame();
+
+        drawStatusLines(buffer, pacer.getFramesLastSecond());
+        screen.flip();
+        // A negative delay becomes a very long sleep; the pacing never lets a healthy machine
+        // get there.
+        rest(static_cast<unsigned int>(pacer.getDelay()));
+    }
+}
+
+void Game::drawStatusLines(BITMAP* buffer, int framesLastSecond) {
+    int white = makecol(255, 255, 255);
+    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", framesLastSecond, 0);
+}
+
+void Game::lockControl() {
+    controlAllowed = false;
+}
+
+}  // namespace Grevan

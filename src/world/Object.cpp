@@ -1,0 +1,133 @@
+#include "world/Object.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "world/RealBody.h"
+
+namespace Grevan {
+
+int Object::objectIdGenerator = 1;
+
+Object::Object() : id(objectIdGenerator++) {}
+
+Object::~Object() {
+    if (image) {
+        destroy_bitmap(image);
+    }
+}
+
+void Object::draw(BITMAP* target, int cameraX, int cameraY) {
+    if (image) {
+        draw_sprite(target, image, getX() - cameraX, getY() - cameraY);
+    }
+}
+
+void Object::move() {
+    position += velocity;
+    velocity += acceleration;
+    float speed = velocity.getMagnitude();
+    if (speed > maximumSpeed) {
+        velocity *= maximumSpeed / speed;
+    }
+}
+
+void Object::stop() {
+    velocity.zero();
+    acceleration.zero();
+}
+
+void Object::die() {
+    dead = true;
+}
+
+bool Object::collide(Object* other) {
+    RealBody* body = dynamic_cast<RealBody*>(this);
+    Rect a = *getRectangle();
+    Rect b = *other->getRectangle();
+
+    bool overlap = b.left <= a.right && b.top <= a.bottom && b.right >= a.left && b.bottom >= a.top;
+    if (!overlap) {
+        if (body && body->getBoard() == other) {
+            body->setFree(true);
+        }
+        return false;
+    }
+    // A body is not pushed by what it stands on.
+    if (body && body->getBoard() == other) {
+        return true;
+    }
+
+    int depthTop = std::abs(a.top - b.bottom);
+    int depthBottom = std::abs(a.bottom - b.top);
+    int depthLeft = std::abs(a.left - b.right);
+    int depthRight = std::abs(a.right - b.left);
+    int vertical = std::min(depthTop, depthBottom);
+    int horizontal = std::min(depthLeft, depthRight);
+    // A contact of less than two pixels on either axis does not count.
+    if (vertical < 2 || horizontal < 2) {
+        return false;
+    }
+
+    if (vertical >= horizontal) {
+        if (depthLeft >= depthRight) {
+            position.x = static_cast<float>(b.left - (a.right - a.left) - 1);
+            handleCollision(SIDE_RIGHT, other);
+            other->handleCollision(SIDE_LEFT, this);
+        } else {
+            position.x = static_cast<float>(b.right + 1);
+            handleCollision(SIDE_LEFT, other);
+            other->handleCollision(SIDE_RIGHT, this);
+        }
+    } else if (depthTop >= depthBottom) {
+        // A body put on top keeps one pixel of overlap; the two-pixel rule then ignores the contact.
+        position.y = static_cast<float>(b.top - (a.bottom - a.top) + 1);
+        handleCollision(SIDE_BOTTOM, other);
+        other->handleCollision(SIDE_TOP, this);
+    } else {
+        position.y = static_cast<float>(b.bottom + 1);
+        handleCollision(SIDE_TOP, other);
+        other->handleCollision(SIDE_BOTTOM, this);
+    }
+    return true;
+}
+
+void Object::handleCollision(int, Object*) {}
+
+bool Object::loadImage(const char* path) {
+    BITMAP* loaded = load_bitmap(path, nullptr);
+    if (!loaded) {
+        allegro_message("Failed to load bitmap %s", path);
+        return false;
+    }
+    // A picture loaded earlier is replaced; ours owns its bitmaps, so the old one goes.
+    if (image) {
+        destroy_bitmap(image);
+    }
+    image = loaded;
+    width = loaded->w;
+    height = loaded->h;
+    return true;
+}
+
+int Object::getX() const {
+    return static_cast<int>(position.x + 0.5f);
+}
+
+int Object::getY() const {
+    return static_cast<int>(position.y + 0.5f);
+}
+
+Rect* Object::getRectangle() {
+    updateRectangle();
+    return &rectangle;
+}
+
+void Object::updateRectangle() {
+    rectangle.left = getX();
+    rectangle.right = rectangle.left + width;
+    rectangle.top = getY();
+    rectangle.bottom = rectangle.top + height;
+}
+
+}  // namespace Grevan

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <allegro.h>
+
+#include "world/MapLayer.h"
+#include "world/Rect.h"
+#include "world/Vector.h"
+
+namespace Grevan {
+
+// Side codes handed to handleCollision: the side of the receiving object that touched the other.
+enum CollisionSide { SIDE_RIGHT = 0, SIDE_LEFT = 1, SIDE_TOP = 2, SIDE_BOTTOM = 3 };
+
+// The base of every thing in the world: a rectangle of pixels with a floating-point position,
+// a velocity, an acceleration, an optional picture and a process-wide unique id.
+class Object {
+  public:
+    Object();
+    virtual ~Object();
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+
+    virtual void draw(BITMAP* target, int cameraX, int cameraY);
+    virtual void move();
+    virtual void stop();
+    virtual void die();
+    // Resolves an overlap with other by moving this object out along the shallower axis.
+    // Returns whether a collision counted.
+    virtual bool collide(Object* other);
+    virtual void handleCollision(int side, Object* other);
+
+    // Loads the picture; on failure the object keeps its size and has no picture.
+    bool loadImage(const char* path);
+
+    int getX() const;
+    int getY() const;
+    void setX(int x) { position.x = static_cast<float>(x); }
+    void setY(int y) { position.y = static_cast<float>(y); }
+    Vector getPosition() const { return position; }
+    void setPosition(const Vector& p) { position = p; }
+    Vector getVelocity() const { return velocity; }
+    void setVelocity(const Vector& v) { velocity = v; }
+    Vector getAcceleration() const { return acceleration; }
+    void setAcceleration(const Vector& a) { acceleration = a; }
+
+    int getWidth() const { return width; }
+    void setWidth(int w) { width = w; }
+    int getHeight() const { return height; }
+    void setHeight(int h) { height = h; }
+    int getLifetime() const { return lifetime; }
+    void setLifetime(int frames) { lifetime = frames; }
+    bool isDead() const { return dead; }
+    bool isVisible() const { return visible; }
+    void show() { visible = true; }
+    void hide() { visible = false; }
+    bool isCollidable() const { return collidable; }
+    void setCollidable(bool c) { collidable = c; }
+    MapLayer getLayer() const { return layer; }
+    void setLayer(MapLayer l) { layer = l; }
+    int getId() const { return id; }
+    float getFrictionConstant() const { return frictionConstant; }
+    BITMAP* getImage() const { return image; }
+
+    Rect* getRectangle();
+    void updateRectangle();
+    int getCentralX() const { return getX() + getWidth() / 2; }
+    int getCentralY() const { return getY() + getHeight() / 2; }
+
+  protected:
+    BITMAP* image = nullptr;
+    int width = 0;
+    int height = 0;
+    bool visible = false;
+    bool dead = false;
+    int lifetime = -1;  // frames; -1 is unlimited
+    Vector position;
+    Vector velocity;
+    Vector acceleration;
+    bool collidable = false;
+    Rect rectangle;
+    float maximumSpeed = 8.0f;  // pixels per frame
+    float frictionConstant = 1.0f;
+    MapLayer layer = LAYER_DEFAULT;
+    int id;
+
+  private:
+    static int objectIdGenerator;
+};
+
+}  // namespace Grevan
