@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything and runs every test:
+#   build/       the plain build: unit, language and end-to-end tests, benchmarks built
+#   build-asan/  AddressSanitizer + UndefinedBehaviorSanitizer: unit and language tests
+# Exits non-zero on any failure.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+./tools/install-deps.sh
+jobs=$(nproc)
+
+cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build build -j"$jobs"
+
+cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DGREVAN_SANITIZE=ON >/dev/null
+cmake --build build-asan -j"$jobs"
+
+status=0
+echo "== Sanitizer build (AddressSanitizer, UndefinedBehaviorSanitizer)"
+ctest --test-dir build-asan --output-on-failure -j"$jobs" || status=1
+echo "== Plain build, with end-to-end tests under Xvfb"
+ctest --test-dir build --output-on-failure -j"$jobs" || status=1
+exit $status
