@@ -21,6 +21,8 @@ Game::Game(StartMode mode) : startMode(mode) {
         install_allegro(SYSTEM_NONE, &errno, atexit);
         set_color_depth(32);
     }
+    // Without a sound card the game runs silently; initialize has said why.
+    soundSystem.initialize();
     instance = this;
     srand(time(nullptr));
     initializeLock();

@@ -6,6 +6,8 @@
 
 #include "core/InputSystem.h"
 #include "core/Screen.h"
+#include "scripting/ScriptSystem.h"
+#include "ui/SoundSystem.h"
 
 namespace Grevan {
 
@@ -38,6 +40,8 @@ class Game {
     StartMode getStartMode() const { return startMode; }
     Screen& getScreen() { return screen; }
     InputSystem& getInputSystem() { return inputSystem; }
+    SoundSystem& getSoundSystem() { return soundSystem; }
+    ScriptSystem& getScriptSystem() { return scriptSystem; }
 
   private:
     void drawStatusLines(BITMAP* buffer, int framesLastSecond);
@@ -46,6 +50,8 @@ class Game {
 
     Screen screen;
     InputSystem inputSystem;
+    SoundSystem soundSystem;
+    ScriptSystem scriptSystem;
     StartMode startMode;
     // Read and written by both threads without the game lock.
     std::atomic<bool> gameEnded{false};
