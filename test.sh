@@ -2,12 +2,15 @@
 # Installs what is missing, builds everything and runs every test:
 #   build/       the plain build: unit, language and end-to-end tests, benchmarks built
 #   build-asan/  AddressSanitizer + UndefinedBehaviorSanitizer: unit and language tests
+#   build-tsan/  ThreadSanitizer: the tests where the two threads meet
 # Exits non-zero on any failure.
 set -euo pipefail
 cd "$(dirname "$0")"
 
 ./tools/install-deps.sh
 jobs=$(nproc)
+# The tests in which the main loop's thread and the script thread share state.
+threaded_tests='^(GameLock|ScriptSystem|ScriptThread)'
 
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j"$jobs"
@@ -15,7 +18,12 @@ cmake --build build -j"$jobs"
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DGREVAN_SANITIZE=ON >/dev/null
 cmake --build build-asan -j"$jobs"
 
+cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=Debug -DGREVAN_TSAN=ON >/dev/null
+cmake --build build-tsan --target grevan_tests -j"$jobs"
+
 status=0
+echo "== ThreadSanitizer build"
+ctest --test-dir build-tsan -R "$threaded_tests" --output-on-failure -j"$jobs" || status=1
 echo "== Sanitizer build (AddressSanitizer, UndefinedBehaviorSanitizer)"
 ctest --test-dir build-asan --output-on-failure -j"$jobs" || status=1
 echo "== Plain build, with end-to-end tests under Xvfb"

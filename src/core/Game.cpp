@@ -13,8 +13,12 @@ Game* Game::instance = nullptr;
 
 Game::Game(StartMode mode) : startMode(mode) {
     // No member may call Allegro before this point: the library starts only now.
-    if (mode == StartMode::DISPLAY) {
-        install_allegro(SYSTEM_AUTODETECT, &errno, atexit);
+    // Without a display the system driver cannot start; the game then runs headless, where
+    // setting a video mode fails cleanly and start() reports it.
+    if (mode == StartMode::DISPLAY && install_allegro(SYSTEM_AUTODETECT, &errno, atexit) != 0) {
+        startMode = StartMode::HEADLESS;
+    }
+    if (startMode == StartMode::DISPLAY) {
         install_timer();
         inputSystem.initialize();
     } else {
@@ -29,6 +33,8 @@ Game::Game(StartMode mode) : startMode(mode) {
 }
 
 Game::~Game() {
+    // Bitmaps cannot be freed once Allegro is gone.
+    screen.releasePages();
     allegro_exit();
     destroyLock();
     if (instance == this) {

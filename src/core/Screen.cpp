@@ -5,10 +5,14 @@
 
 namespace Grevan {
 
+Screen::~Screen() { releasePages(); }
+
+void Screen::releasePages() { adoptPages(nullptr, nullptr, nullptr); }
+
 bool Screen::setVideoMode(int w, int h, int bits) {
     // Video pages belong to the graphics mode: free them before the mode changes, since
     // Allegro tears down a mode's video memory when it sets another.
-    adoptPages(nullptr, nullptr, nullptr);
+    releasePages();
     // The colour depth follows the desktop; the requested depth is only remembered.
     set_color_depth(desktop_color_depth());
     if (set_gfx_mode(GFX_AUTODETECT_WINDOWED, w, h, 0, 0) != 0) {

@@ -17,7 +17,7 @@ class Screen {
     static const int kFadeStep = 5;  // alpha per frame
 
     Screen() = default;
-    ~Screen() = default;
+    ~Screen();
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
@@ -25,6 +25,8 @@ class Screen {
     // Takes the two pages and the back buffer that flip works with; setVideoMode hands it video
     // pages, a headless caller memory bitmaps. Bitmaps adopted earlier are destroyed.
     void adoptPages(BITMAP* firstPage, BITMAP* secondPage, BITMAP* buffer);
+    // Frees the pages and the buffer; must run while Allegro is still up.
+    void releasePages();
 
     int getWidth() const { return width; }
     int getHeight() const { return height; }

@@ -1,0 +1,165 @@
+#!/usr/bin/env bash
+# End-to-end helper: runs the real game in a private Xvfb server and a temporary working
+# directory made from data/ plus the test's own files, drives it with xdotool, takes
+# screenshots with xwd and ImageMagick, and stops it with a timeout.
+#
+# Usage in a test script:
+#   source "$(dirname "$0")/lib.sh"
+#   e2e_begin                      # Xvfb up, working directory ready
+#   e2e_add_file script/main.fb "$here/files/main.fb"   # optional extra files
+#   e2e_start                      # the game runs
+#   e2e_wait_for_line "Starting Grevan ..."
+#   e2e_wait_for_window "Collision Test"
+#   e2e_key Escape
+#   e2e_wait_for_exit 5; [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS"
+#   e2e_pass
+#
+# Environment (set by ctest): GREVAN_BIN, GREVAN_DATA, GREVAN_E2E_OUT (screenshots and logs).
+set -uo pipefail
+
+E2E_NAME=$(basename "${0%.sh}")
+E2E_WORK=""
+E2E_PID=""
+E2E_XVFB_PID=""
+E2E_STATUS=""
+E2E_WINDOW=""
+E2E_OUT="${GREVAN_E2E_OUT:-/tmp/grevan-e2e}/$E2E_NAME"
+
+e2e_fail() {
+    echo "FAIL [$E2E_NAME]: $*" >&2
+    if [ -n "$E2E_WORK" ]; then
+        echo "--- game standard output:" >&2
+        cat "$E2E_WORK/stdout.log" >&2 2>/dev/null
+        echo "--- game standard error:" >&2
+        tail -n 40 "$E2E_WORK/stderr.log" >&2 2>/dev/null
+    fi
+    exit 1
+}
+
+e2e_pass() {
+    echo "PASS [$E2E_NAME]"
+    exit 0
+}
+
+e2e_cleanup() {
+    if [ -n "$E2E_PID" ] && kill -0 "$E2E_PID" 2>/dev/null; then
+        kill -KILL "$E2E_PID" 2>/dev/null
+    fi
+    if [ -n "$E2E_XVFB_PID" ]; then
+        kill "$E2E_XVFB_PID" 2>/dev/null
+        wait "$E2E_XVFB_PID" 2>/dev/null
+    fi
+    if [ -n "$E2E_WORK" ] && [ -d "$E2E_WORK" ]; then
+        mkdir -p "$E2E_OUT"
+        cp "$E2E_WORK"/stdout.log "$E2E_WORK"/stderr.log "$E2E_OUT"/ 2>/dev/null
+        rm -rf "$E2E_WORK"
+    fi
+}
+trap e2e_cleanup EXIT
+
+e2e_require_tools() {
+    local tool
+    for tool in Xvfb xdotool xwd /usr/bin/convert; do
+        command -v "$tool" >/dev/null 2>&1 || e2e_fail "missing tool $tool (run tools/install-deps.sh)"
+    done
+    [ -x "${GREVAN_BIN:-}" ] || e2e_fail "GREVAN_BIN does not name the built game"
+    [ -d "${GREVAN_DATA:-}" ] || e2e_fail "GREVAN_DATA does not name the data folder"
+}
+
+# Starts a private X server on a free display and prepares the working directory.
+e2e_begin() {
+    e2e_require_tools
+    E2E_WORK=$(mktemp -d "/tmp/grevan-e2e-$E2E_NAME.XXXXXX")
+    cp -r "$GREVAN_DATA"/. "$E2E_WORK"/
+    mkdir -p "$E2E_OUT"
+    rm -f "$E2E_OUT"/*.png
+
+    local displayFile="$E2E_WORK/.display"
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$displayFile" 2>"$E2E_WORK/xvfb.log" &
+    E2E_XVFB_PID=$!
+    local i
+    for i in $(seq 1 100); do
+        [ -s "$displayFile" ] && break
+        sleep 0.05
+    done
+    [ -s "$displayFile" ] || e2e_fail "Xvfb did not start"
+    export DISPLAY=":$(cat "$displayFile")"
+}
+
+# Copies a file of the test into the working directory, at a path relative to it.
+e2e_add_file() {
+    mkdir -p "$(dirname "$E2E_WORK/$1")"
+    cp "$2" "$E2E_WORK/$1"
+}
+
+e2e_start() {
+    (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) &
+    E2E_PID=$!
+}
+
+# Waits until the game's standard output holds the exact text (as a substring of a line).
+e2e_wait_for_line() {
+    local text=$1 seconds=${2:-10} i
+    for i in $(seq 1 $((seconds * 20))); do
+        grep -qF -- "$text" "$E2E_WORK/stdout.log" 2>/dev/null && return 0
+        kill -0 "$E2E_PID" 2>/dev/null || break
+        sleep 0.05
+    done
+    grep -qF -- "$text" "$E2E_WORK/stdout.log" 2>/dev/null && return 0
+    e2e_fail "no line \"$text\" on standard output within ${seconds}s"
+}
+
+# Waits for a window with the title and puts the pointer over it, so that keys reach it.
+e2e_wait_for_window() {
+    local title=$1 seconds=${2:-10} i
+    for i in $(seq 1 $((seconds * 10))); do
+        E2E_WINDOW=$(xdotool search --name "^$title\$" 2>/dev/null | head -n 1)
+        if [ -n "$E2E_WINDOW" ]; then
+            xdotool mousemove --window "$E2E_WINDOW" 5 5
+            return 0
+        fi
+        sleep 0.1
+    done
+    e2e_fail "no window titled \"$title\" within ${seconds}s"
+}
+
+e2e_key() { xdotool key --delay 50 "$@"; }
+e2e_key_down() { xdotool keydown "$1"; }
+e2e_key_up() { xdotool keyup "$1"; }
+# Moves the pointer to a point of the game window.
+e2e_mouse_move() { xdotool mousemove --window "$E2E_WINDOW" "$1" "$2"; }
+e2e_click() { xdotool click "${1:-1}"; }
+
+# Takes a screenshot of the game window; prints the PNG's path.
+e2e_screenshot() {
+    local name=$1 shot="$E2E_OUT/$1.png"
+    local geometry
+    geometry=$(xdotool getwindowgeometry --shell "$E2E_WINDOW") || e2e_fail "no window geometry"
+    local X Y WIDTH HEIGHT
+    eval "$(echo "$geometry" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
+    xwd -root -silent | /usr/bin/convert xwd:- -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" +repage "$shot" \
+        || e2e_fail "screenshot $name failed"
+    echo "$shot"
+}
+
+# Prints the brightest channel value (0 to 255) found anywhere in a picture.
+e2e_max_brightness() { /usr/bin/convert "$1" -format '%[fx:int(255*maxima)]' info:; }
+
+# Prints a pixel of a picture as srgb(r,g,b).
+e2e_pixel() { /usr/bin/convert "$1" -format "%[pixel:p{$2,$3}]" info:; }
+
+# Waits for the game to end; E2E_STATUS is its exit status. Fails when it outlives the timeout.
+e2e_wait_for_exit() {
+    local seconds=${1:-10} i
+    for i in $(seq 1 $((seconds * 20))); do
+        if ! kill -0 "$E2E_PID" 2>/dev/null; then
+            wait "$E2E_PID"
+            E2E_STATUS=$?
+            return 0
+        fi
+        sleep 0.05
+    done
+    e2e_fail "the game did not end within ${seconds}s"
+}
+
+e2e_stdout() { cat "$E2E_WORK/stdout.log"; }
