@@ -12,6 +12,11 @@ int Object::objectIdGenerator = 1;
 Object::Object() : id(objectIdGenerator++) {}
 
 Object::~Object() {
+    std::vector<RealBody*> bodies;
+    bodies.swap(standers);
+    for (RealBody* body : bodies) {
+        body->setFree(true);
+    }
     if (image) {
         destroy_bitmap(image);
     }

@@ -2,11 +2,15 @@
 
 #include <allegro.h>
 
+#include <vector>
+
 #include "world/MapLayer.h"
 #include "world/Rect.h"
 #include "world/Vector.h"
 
 namespace Grevan {
+
+class RealBody;
 
 // Side codes handed to handleCollision: the side of the receiving object that touched the other.
 enum CollisionSide { SIDE_RIGHT = 0, SIDE_LEFT = 1, SIDE_TOP = 2, SIDE_BOTTOM = 3 };
@@ -16,6 +20,7 @@ enum CollisionSide { SIDE_RIGHT = 0, SIDE_LEFT = 1, SIDE_TOP = 2, SIDE_BOTTOM = 
 class Object {
   public:
     Object();
+    // Whoever stands on this object loses its footing.
     virtual ~Object();
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -25,7 +30,9 @@ class Object {
     virtual void stop();
     virtual void die();
     // Resolves an overlap with other by moving this object out along the shallower axis.
-    // Returns whether a collision counted.
+    // Returns whether a collision counted. Contract for overrides: when the two rectangles do
+    // not overlap and other is not the board this body stands on, report no collision and
+    // change nothing; the block map skips such pairs without asking.
     virtual bool collide(Object* other);
     virtual void handleCollision(int side, Object* other);
 
@@ -84,7 +91,12 @@ class Object {
     int id;
 
   private:
+    friend class RealBody;
+
     static int objectIdGenerator;
+    // The bodies whose board this object is, kept by RealBody::setBoard; they lose their
+    // footing when this object is deleted.
+    std::vector<RealBody*> standers;
 };
 
 }  // namespace Grevan
