@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "world/RealBody.h"
+
 namespace Grevan {
 
 namespace {
@@ -123,11 +125,21 @@ bool BlockSystem::checkCollision(Object* o) {
 bool BlockSystem::checkCollision(Object* o, int x1, int y1, int x2, int y2) {
     iterating = true;
     bool collided = false;
-    forEachCell(x1, y1, x2, y2, [o, &collided](std::vector<Object*>& cell) {
+    // A pair whose rectangles do not overlap cannot collide, and the only thing collide does for
+    // one is to set a body free of its board; such pairs are decided here, without the virtual
+    // call. The body's board is read afresh for every candidate, since a landing changes it.
+    RealBody* body = dynamic_cast<RealBody*>(o);
+    Rect own = *o->getRectangle();
+    forEachCell(x1, y1, x2, y2, [&](std::vector<Object*>& cell) {
         for (Object* p : cell) {
-            if (p != o && o->collide(p)) {
+            if (p == o || (!own.overlaps(*p->getRectangle()) && !(body && body->getBoard() == p))) {
+                continue;
+            }
+            if (o->collide(p)) {
                 collided = true;
             }
+            // Resolving a collision moves o.
+            own = *o->getRectangle();
         }
     });
     iterating = false;

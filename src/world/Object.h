@@ -39,8 +39,9 @@ class Object {
     // Loads the picture; on failure the object keeps its size and has no picture.
     bool loadImage(const char* path);
 
-    int getX() const;
-    int getY() const;
+    // Whole pixels: a half is added and the sum truncated toward zero (2.5 gives 3, -0.7 gives 0).
+    int getX() const { return static_cast<int>(position.x + 0.5f); }
+    int getY() const { return static_cast<int>(position.y + 0.5f); }
     void setX(int x) { position.x = static_cast<float>(x); }
     void setY(int y) { position.y = static_cast<float>(y); }
     Vector getPosition() const { return position; }
@@ -68,8 +69,17 @@ class Object {
     float getFrictionConstant() const { return frictionConstant; }
     BITMAP* getImage() const { return image; }
 
-    Rect* getRectangle();
-    void updateRectangle();
+    // Recomputed on every call. Right and bottom are one past the picture.
+    Rect* getRectangle() {
+        updateRectangle();
+        return &rectangle;
+    }
+    void updateRectangle() {
+        rectangle.left = getX();
+        rectangle.right = rectangle.left + width;
+        rectangle.top = getY();
+        rectangle.bottom = rectangle.top + height;
+    }
     int getCentralX() const { return getX() + getWidth() / 2; }
     int getCentralY() const { return getY() + getHeight() / 2; }
 
