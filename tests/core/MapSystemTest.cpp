@@ -59,14 +59,6 @@ TEST(MapSystem, PointsOnTheCamerasBorderAreOutsideIt) {
     }
 }
 
-TEST(MapSystem, LevelIs640By480UntilAMapIsLoaded) {
-    MapSystem map;
-    EXPECT_EQ(map.getWidth(), 640);
-    EXPECT_EQ(map.getHeight(), 480);
-    EXPECT_EQ(map.getClientX(), 0);
-    EXPECT_EQ(map.getClientY(), 0);
-}
-
 class MapSystemDrawing : public GrevanTest::HeadlessGameTest {};
 
 TEST_F(MapSystemDrawing, FollowedObjectIsTrackedByItsTopLeftCorner) {
