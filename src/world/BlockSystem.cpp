@@ -70,10 +70,6 @@ int BlockSystem::outlineColour(Object*) const {
     return defaultColour;
 }
 
-void BlockSystem::reportMisuse(const char* message) const {
-    allegro_message("%s", message);
-}
-
 void BlockSystem::addObject(Object* o) {
     const Rect& r = *o->getRectangle();
     addObject(o, r.left, r.top, r.right, r.bottom);
@@ -84,7 +80,7 @@ void BlockSystem::addObject(Object* o, int x1, int y1, int x2, int y2) {
         return;
     }
     if (iterating) {
-        reportMisuse("You should not addObject while iterating.");
+        allegro_message("You should not addObject while iterating.");
         return;
     }
     forEachCell(x1, y1, x2, y2, [o](std::vector<Object*>& cell) { cell.push_back(o); });
@@ -103,7 +99,7 @@ void BlockSystem::removeObject(Object* o, int x1, int y1, int x2, int y2) {
         return;
     }
     if (iterating) {
-        reportMisuse("You should not removeObject while iterating.");
+        allegro_message("You should not removeObject while iterating.");
         return;
     }
     forEachCell(x1, y1, x2, y2, [o](std::vector<Object*>& cell) {

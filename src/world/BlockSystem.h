@@ -79,7 +79,6 @@ class BlockSystem {
     void forEachCell(int x1, int y1, int x2, int y2, Visit visit);
     // The colour an object's outline gets on the block map.
     int outlineColour(Object* o) const;
-    void reportMisuse(const char* message) const;
 
     int cellWidth = kCellSize;
     int cellHeight = kCellSize;
