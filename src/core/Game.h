@@ -5,7 +5,10 @@
 #include <atomic>
 
 #include "core/InputSystem.h"
+#include "core/MapSystem.h"
 #include "core/Screen.h"
+#include "world/BlockSystem.h"
+#include "world/ObjectSystem.h"
 
 namespace Grevan {
 
@@ -28,6 +31,8 @@ class Game {
     // could be set.
     bool start();
     void gameLoop();
+    // One frame from taking the game lock to the status lines, drawn into buffer.
+    void playFrame(BITMAP* buffer, int framesLastSecond);
     void endGame() { gameEnded = true; }
     bool isRunning() const { return !gameEnded; }
 
@@ -35,17 +40,28 @@ class Game {
     void unlockControl() { controlAllowed = true; }
     bool canControl() const { return controlAllowed; }
 
+    // Throws the level away and builds the one the map file describes. A file that cannot be
+    // opened, or whose numbers are absurd, is refused with one line on standard output and the
+    // level stays as it was.
+    void loadMap(const char* path);
+
     StartMode getStartMode() const { return startMode; }
     Screen& getScreen() { return screen; }
     InputSystem& getInputSystem() { return inputSystem; }
+    MapSystem& getMapSystem() { return mapSystem; }
+    ObjectSystem& getObjectSystem() { return objectSystem; }
+    BlockSystem& getBlockSystem() { return blockSystem; }
 
   private:
-    void drawStatusLines(BITMAP* buffer, int framesLastSecond);
+    void drawStatusLines(BITMAP* buffer, int framesLastSecond, int objectCount);
 
     static Game* instance;
 
     Screen screen;
     InputSystem inputSystem;
+    MapSystem mapSystem;
+    ObjectSystem objectSystem{blockSystem};
+    BlockSystem blockSystem;
     StartMode startMode;
     // Read and written by both threads without the game lock.
     std::atomic<bool> gameEnded{false};
