@@ -64,8 +64,8 @@ bool MapFile::read(const char* path) {
         int unused[4];
         if (!(in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> unused[0] >> unused[1] >>
               unused[2] >> unused[3])) {
-            notice = "Map " + std::string(path) + ": piece " + std::to_string(i + 1) + " of " +
-                     std::to_string(pieceCount) + " cannot be read; it and the pieces after it are left out";
+            // A short or malformed file says nothing; the pieces before the bad record stay, and
+            // no stale values are repeated into phantom pieces.
             break;
         }
         if (kind != PIECE_SOLID && kind != PIECE_DECORATION) {
