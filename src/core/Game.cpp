@@ -1,11 +1,13 @@
 #include "core/Game.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
 #include "core/FramePacer.h"
 #include "core/GameLock.h"
+#include "core/MapFile.h"
 
 namespace Grevan {
 
@@ -33,7 +35,10 @@ Game::Game(StartMode mode) : startMode(mode) {
 }
 
 Game::~Game() {
-    // Bitmaps cannot be freed once Allegro is gone.
+    // Bitmaps cannot be freed once Allegro is gone, so the world and the pages go first. The
+    // game itself is never deleted; this serves tests and tools.
+    objectSystem.cleanupObjects();
+    blockSystem.cleanup();
     screen.releasePages();
     allegro_exit();
     destroyLock();
@@ -46,6 +51,8 @@ bool Game::start() {
     if (!screen.setVideoMode(800, 600, 32) && !screen.setVideoMode(640, 480, 32)) {
         return false;
     }
+    mapSystem.setClientWidth(screen.getWidth());
+    mapSystem.setClientHeight(screen.getHeight());
     gameLoop();
     return true;
 }
@@ -58,12 +65,7 @@ void Game::gameLoop() {
             gameEnded = true;
         }
         pacer.beginFrame(time(nullptr));
-        BITMAP* buffer = screen.getBufferPage();
-
-        lockGame();
-        unlockGame();
-
-        drawStatusLines(buffer, pacer.getFramesLastSecond());
+        playFrame(screen.getBufferPage(), pacer.getFramesLastSecond());
         screen.flip();
         // A negative delay becomes a very long sleep; the pacing never lets a healthy machine
         // get there.
@@ -71,9 +73,47 @@ void Game::gameLoop() {
     }
 }
 
-void Game::drawStatusLines(BITMAP* buffer, int framesLastSecond) {
+void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
+    lockGame();
+    objectSystem.moveObjects();
+    mapSystem.draw(buffer);
+    objectSystem.drawObjects(buffer, mapSystem.getClientX(), mapSystem.getClientY());
+    objectSystem.removeDeadObjects();
+    // Counted under the lock: the script thread may add objects as soon as it is released.
+    const int objectCount = objectSystem.getObjectCount();
+    unlockGame();
+    drawStatusLines(buffer, framesLastSecond, objectCount);
+}
+
+void Game::drawStatusLines(BITMAP* buffer, int framesLastSecond, int objectCount) {
     int white = makecol(255, 255, 255);
-    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", framesLastSecond, 0);
+    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", framesLastSecond, objectCount);
+}
+
+void Game::loadMap(const char* path) {
+    MapFile map;
+    const bool accepted = map.read(path);
+    if (!map.getNotice().empty()) {
+        printf("%s\n", map.getNotice().c_str());
+        fflush(stdout);
+    }
+    if (!accepted) {
+        return;
+    }
+    objectSystem.cleanupObjects();
+    mapSystem.initialize(map.getWidth(), map.getHeight());
+    blockSystem.initialize(map.getWidth(), map.getHeight());
+    mapSystem.setBackgroundColor(map.getRed(), map.getGreen(), map.getBlue());
+    for (const MapPiece& piece : map.getPieces()) {
+        Object* o = new Object();
+        o->setX(piece.x);
+        o->setY(piece.y);
+        o->setLayer(static_cast<MapLayer>(piece.layer));
+        o->loadImage(("image/object/" + piece.image).c_str());
+        o->setCollidable(piece.solid);
+        o->show();
+        objectSystem.addObject(o);
+    }
 }
 
 void Game::lockControl() {

@@ -5,9 +5,12 @@
 #include <atomic>
 
 #include "core/InputSystem.h"
+#include "core/MapSystem.h"
 #include "core/Screen.h"
 #include "scripting/ScriptSystem.h"
 #include "ui/SoundSystem.h"
+#include "world/BlockSystem.h"
+#include "world/ObjectSystem.h"
 
 namespace Grevan {
 
@@ -30,6 +33,8 @@ class Game {
     // could be set.
     bool start();
     void gameLoop();
+    // One frame from taking the game lock to the status lines, drawn into buffer.
+    void playFrame(BITMAP* buffer, int framesLastSecond);
     void endGame() { gameEnded = true; }
     bool isRunning() const { return !gameEnded; }
 
@@ -37,20 +42,31 @@ class Game {
     void unlockControl() { controlAllowed = true; }
     bool canControl() const { return controlAllowed; }
 
+    // Throws the level away and builds the one the map file describes. A file that cannot be
+    // opened, or whose numbers are absurd, is refused with one line on standard output and the
+    // level stays as it was.
+    void loadMap(const char* path);
+
     StartMode getStartMode() const { return startMode; }
     Screen& getScreen() { return screen; }
     InputSystem& getInputSystem() { return inputSystem; }
+    MapSystem& getMapSystem() { return mapSystem; }
+    ObjectSystem& getObjectSystem() { return objectSystem; }
     SoundSystem& getSoundSystem() { return soundSystem; }
+    BlockSystem& getBlockSystem() { return blockSystem; }
     ScriptSystem& getScriptSystem() { return scriptSystem; }
 
   private:
-    void drawStatusLines(BITMAP* buffer, int framesLastSecond);
+    void drawStatusLines(BITMAP* buffer, int framesLastSecond, int objectCount);
 
     static Game* instance;
 
     Screen screen;
     InputSystem inputSystem;
+    MapSystem mapSystem;
+    ObjectSystem objectSystem{blockSystem};
     SoundSystem soundSystem;
+    BlockSystem blockSystem;
     ScriptSystem scriptSystem;
     StartMode startMode;
     // Read and written by both threads without the game lock.

@@ -12,6 +12,11 @@ int Object::objectIdGenerator = 1;
 Object::Object() : id(objectIdGenerator++) {}
 
 Object::~Object() {
+    std::vector<RealBody*> bodies;
+    bodies.swap(standers);
+    for (RealBody* body : bodies) {
+        body->setFree(true);
+    }
     if (image) {
         destroy_bitmap(image);
     }
@@ -46,8 +51,7 @@ bool Object::collide(Object* other) {
     Rect a = *getRectangle();
     Rect b = *other->getRectangle();
 
-    bool overlap = b.left <= a.right && b.top <= a.bottom && b.right >= a.left && b.bottom >= a.top;
-    if (!overlap) {
+    if (!a.overlaps(b)) {
         if (body && body->getBoard() == other) {
             body->setFree(true);
         }
@@ -108,26 +112,6 @@ bool Object::loadImage(const char* path) {
     width = loaded->w;
     height = loaded->h;
     return true;
-}
-
-int Object::getX() const {
-    return static_cast<int>(position.x + 0.5f);
-}
-
-int Object::getY() const {
-    return static_cast<int>(position.y + 0.5f);
-}
-
-Rect* Object::getRectangle() {
-    updateRectangle();
-    return &rectangle;
-}
-
-void Object::updateRectangle() {
-    rectangle.left = getX();
-    rectangle.right = rectangle.left + width;
-    rectangle.top = getY();
-    rectangle.bottom = rectangle.top + height;
 }
 
 }  // namespace Grevan

@@ -2,11 +2,15 @@
 
 #include <allegro.h>
 
+#include <vector>
+
 #include "world/MapLayer.h"
 #include "world/Rect.h"
 #include "world/Vector.h"
 
 namespace Grevan {
+
+class RealBody;
 
 // Side codes handed to handleCollision: the side of the receiving object that touched the other.
 enum CollisionSide { SIDE_RIGHT = 0, SIDE_LEFT = 1, SIDE_TOP = 2, SIDE_BOTTOM = 3 };
@@ -16,6 +20,7 @@ enum CollisionSide { SIDE_RIGHT = 0, SIDE_LEFT = 1, SIDE_TOP = 2, SIDE_BOTTOM = 
 class Object {
   public:
     Object();
+    // Whoever stands on this object loses its footing.
     virtual ~Object();
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -25,15 +30,18 @@ class Object {
     virtual void stop();
     virtual void die();
     // Resolves an overlap with other by moving this object out along the shallower axis.
-    // Returns whether a collision counted.
+    // Returns whether a collision counted. Contract for overrides: when the two rectangles do
+    // not overlap and other is not the board this body stands on, report no collision and
+    // change nothing; the block map skips such pairs without asking.
     virtual bool collide(Object* other);
     virtual void handleCollision(int side, Object* other);
 
     // Loads the picture; on failure the object keeps its size and has no picture.
     bool loadImage(const char* path);
 
-    int getX() const;
-    int getY() const;
+    // Whole pixels: a half is added and the sum truncated toward zero (2.5 gives 3, -0.7 gives 0).
+    int getX() const { return static_cast<int>(position.x + 0.5f); }
+    int getY() const { return static_cast<int>(position.y + 0.5f); }
     void setX(int x) { position.x = static_cast<float>(x); }
     void setY(int y) { position.y = static_cast<float>(y); }
     Vector getPosition() const { return position; }
@@ -61,8 +69,17 @@ class Object {
     float getFrictionConstant() const { return frictionConstant; }
     BITMAP* getImage() const { return image; }
 
-    Rect* getRectangle();
-    void updateRectangle();
+    // Recomputed on every call. Right and bottom are one past the picture.
+    Rect* getRectangle() {
+        updateRectangle();
+        return &rectangle;
+    }
+    void updateRectangle() {
+        rectangle.left = getX();
+        rectangle.right = rectangle.left + width;
+        rectangle.top = getY();
+        rectangle.bottom = rectangle.top + height;
+    }
     int getCentralX() const { return getX() + getWidth() / 2; }
     int getCentralY() const { return getY() + getHeight() / 2; }
 
@@ -84,7 +101,12 @@ class Object {
     int id;
 
   private:
+    friend class RealBody;
+
     static int objectIdGenerator;
+    // The bodies whose board this object is, kept by RealBody::setBoard; they lose their
+    // footing when this object is deleted.
+    std::vector<RealBody*> standers;
 };
 
 }  // namespace Grevan

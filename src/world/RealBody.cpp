@@ -5,11 +5,27 @@
 
 namespace Grevan {
 
+namespace {
+// Links are kept one entry per event, so undoing one event takes out exactly one entry.
+void eraseOne(std::vector<RealBody*>& links, RealBody* body) {
+    auto entry = std::find(links.begin(), links.end(), body);
+    if (entry != links.end()) {
+        links.erase(entry);
+    }
+}
+}  // namespace
+
 RealBody::RealBody() {
     collidable = true;
 }
 
-RealBody::~RealBody() = default;
+RealBody::~RealBody() {
+    releaseRoad();
+    for (RealBody* carrier : carriers) {
+        eraseOne(carrier->road, this);
+    }
+    setBoard(nullptr);
+}
 
 void RealBody::addForce(const Vector& force) {
     acceleration += Vector(force.x / static_cast<float>(mass), force.y / static_cast<float>(mass));
@@ -22,19 +38,30 @@ void RealBody::addMomentum(const Vector& momentum) {
 void RealBody::setFree(bool b) {
     free = b;
     if (b) {
-        board = nullptr;
+        setBoard(nullptr);
+    }
+}
+
+void RealBody::setBoard(Object* b) {
+    if (board == b) {
+        return;
+    }
+    if (board) {
+        eraseOne(board->standers, this);
+    }
+    board = b;
+    if (b) {
+        b->standers.push_back(this);
     }
 }
 
 void RealBody::releaseRoad() {
-    for (RealBody* rider : road) {
+    std::vector<RealBody*> riders;
+    riders.swap(road);
+    for (RealBody* rider : riders) {
         rider->setFree(true);
+        eraseOne(rider->carriers, this);
     }
-    road.clear();
-}
-
-void RealBody::forgetRider(RealBody* rider) {
-    road.erase(std::remove(road.begin(), road.end(), rider), road.end());
 }
 
 void RealBody::move() {
@@ -68,18 +95,23 @@ void RealBody::handleCollision(int side, Object* other) {
                 velocity.y = (otherVelocity.y + velocity.y) / kBounceDivisor;
                 break;
             }
-            velocity.y = 0.0f;
-            board = other;
-            if (RealBody* otherBody = dynamic_cast<RealBody*>(other)) {
-                otherBody->road.push_back(this);
-            }
-            acceleration = Vector(0.0f, 0.0f);
-            free = false;
-            slidingFriction = other->getFrictionConstant() * kFrictionFactor;
+            land(other);
             break;
         default:
             break;
     }
+}
+
+void RealBody::land(Object* other) {
+    velocity.y = 0.0f;
+    setBoard(other);
+    if (RealBody* otherBody = dynamic_cast<RealBody*>(other)) {
+        otherBody->road.push_back(this);
+        carriers.push_back(otherBody);
+    }
+    acceleration = Vector(0.0f, 0.0f);
+    free = false;
+    slidingFriction = other->getFrictionConstant() * kFrictionFactor;
 }
 
 }  // namespace Grevan

@@ -17,6 +17,7 @@ class RealBody : public Object {
     static constexpr float kBounceDivisor = -2.0f;
 
     RealBody();
+    // Releases the riders, leaves every riders list it is on and steps off its board.
     ~RealBody() override;
 
     void move() override;
@@ -28,14 +29,13 @@ class RealBody : public Object {
     void addMomentum(const Vector& momentum);
 
     bool isFree() const { return free; }
+    // Setting a body free also takes it off its board.
     void setFree(bool b);
     Object* getBoard() const { return board; }
-    void setBoard(Object* b) { board = b; }
+    void setBoard(Object* b);
     const std::vector<RealBody*>& getRiders() const { return road; }
     // Every rider loses its footing and falls.
     void releaseRoad();
-    // Forgets a rider without touching it (used when the rider is deleted).
-    void forgetRider(RealBody* rider);
 
     float getSlidingFriction() const { return slidingFriction; }
     bool isBouncy() const { return bouncy; }
@@ -44,10 +44,19 @@ class RealBody : public Object {
   protected:
     int mass = 1;
     bool free = true;
-    Object* board = nullptr;       // not owned
-    std::vector<RealBody*> road;   // riders, in order of landing; not owned
     float slidingFriction = 0.0f;  // pixels per frame lost while standing
     bool bouncy = false;
+
+  private:
+    void land(Object* other);
+
+    // The links below are kept in step with each other, so that a deleted body leaves no
+    // pointer to itself behind: all changes go through setBoard, land and releaseRoad.
+    Object* board = nullptr;      // not owned
+    std::vector<RealBody*> road;  // riders, in order of landing, one entry per landing; not owned
+    // The bodies whose riders list holds this body, one entry per listing. A body that walked
+    // off stays listed with its old board until that board lets go of its riders.
+    std::vector<RealBody*> carriers;
 };
 
 }  // namespace Grevan

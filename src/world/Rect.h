@@ -12,4 +12,8 @@ struct Rect {
         return left == other.left && right == other.right && top == other.top && bottom == other.bottom;
     }
     bool operator!=(const Rect& other) const { return !(*this == other); }
+    // Edges inclusive: rectangles that merely touch overlap by one pixel.
+    bool overlaps(const Rect& other) const {
+        return other.left <= right && other.top <= bottom && other.right >= left && other.bottom >= top;
+    }
 };

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Grevan {
+
+// One piece of scenery as a map file places it.
+struct MapPiece {
+    std::string image;  // file name under "image/object/", with its extension
+    int layer = 0;
+    bool solid = false;  // solid pieces collide; the others are decoration
+    int x = 0;           // top-left corner, level pixels
+    int y = 0;
+};
+
+// A map file, read and checked in full before the level it describes replaces the current one.
+//
+// The format is whitespace-separated decimal integers and words: an ignored integer, the level's
+// width and height, the background's red, green and blue, the piece count N, then N records of
+// nine fields: image name, layer, kind (0 solid, 1 decoration, anything else skipped), x, y and
+// four ignored integers.
+class MapFile {
+  public:
+    static const int kMaximumLevelSize = 32768;                 // pixels, each way
+    static const long long kMaximumLevelArea = 32768LL * 2048;  // pixels; the block map's bound
+    static const int kMaximumPieceCount = 100000;
+    static const int kMaximumCoordinate = 1000000;  // pixels, either sign
+
+    // False when the file is refused: it cannot be opened, its header is incomplete, or a
+    // number in it is absurd. A file that ends early, or holds a word where a number should be,
+    // keeps the pieces before that record and is accepted with a notice.
+    bool read(const char* path);
+    // One line for standard output about a refused or shortened file; empty when all is well.
+    const std::string& getNotice() const { return notice; }
+
+    int getWidth() const { return width; }
+    int getHeight() const { return height; }
+    int getRed() const { return red; }
+    int getGreen() const { return green; }
+    int getBlue() const { return blue; }
+    // The pieces to build, in file order, without the skipped records.
+    const std::vector<MapPiece>& getPieces() const { return pieces; }
+
+  private:
+    bool refuse(const std::string& path, const std::string& reason);
+    std::string checkHeader(int pieceCount) const;
+
+    int width = 0;
+    int height = 0;
+    int red = 0;
+    int green = 0;
+    int blue = 0;
+    std::vector<MapPiece> pieces;
+    std::string notice;
+};
+
+}  // namespace Grevan

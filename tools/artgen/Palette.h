@@ -1,0 +1,49 @@
+#pragma once
+
+namespace Grevan {
+
+// One colour of the palette, 0 to 255 per channel.
+struct Tone {
+    int r;
+    int g;
+    int b;
+};
+
+// The four tones of one material, from the side away from the light to the edge facing it.
+// The light comes from the upper left in every picture.
+struct Ramp {
+    Tone shadow;
+    Tone base;
+    Tone light;
+    Tone highlight;
+};
+
+// The colours every picture of the game is drawn in. Keeping to these ramps and to the one
+// outline colour is what makes pieces drawn apart look of a kind.
+namespace Palette {
+
+// Allegro's transparent colour in true-colour bitmaps; no other tone may equal it.
+constexpr Tone kTransparent{255, 0, 255};
+// Close objects are outlined in the dark ink, far ones (clouds, hills) in the haze.
+constexpr Tone kInk{44, 36, 52};
+constexpr Tone kHaze{122, 158, 178};
+
+constexpr Ramp kGrass{{52, 108, 56}, {84, 150, 60}, {124, 188, 72}, {176, 222, 104}};
+constexpr Ramp kDirt{{92, 60, 46}, {134, 88, 58}, {164, 114, 74}, {190, 140, 94}};
+constexpr Ramp kWood{{128, 80, 50}, {176, 118, 68}, {208, 154, 92}, {232, 190, 128}};
+constexpr Ramp kBark{{72, 48, 42}, {104, 70, 52}, {136, 96, 66}, {160, 120, 84}};
+constexpr Ramp kStone{{92, 94, 104}, {132, 134, 138}, {170, 172, 168}, {204, 204, 194}};
+constexpr Ramp kLeaf{{40, 98, 72}, {66, 142, 82}, {108, 180, 92}, {156, 212, 110}};
+constexpr Ramp kCloud{{200, 218, 236}, {232, 240, 248}, {246, 250, 252}, {254, 254, 254}};
+constexpr Ramp kFarHill{{112, 170, 160}, {132, 188, 168}, {150, 202, 176}, {176, 218, 186}};
+constexpr Ramp kNearHill{{82, 148, 116}, {100, 166, 120}, {124, 184, 128}, {154, 204, 140}};
+constexpr Ramp kMetal{{70, 76, 92}, {106, 114, 132}, {150, 160, 176}, {206, 214, 224}};
+
+constexpr Tone kPetalRed{226, 80, 86};
+constexpr Tone kPetalYellow{246, 206, 82};
+constexpr Tone kPetalWhite{244, 240, 232};
+constexpr Tone kSky{150, 204, 236};
+
+}  // namespace Palette
+
+}  // namespace Grevan
