@@ -43,17 +43,14 @@ std::string TestFolder::writeStrip(const std::string& name, int frameWidth, int 
     return file.string();
 }
 
-std::string TestFolder::roleName(const std::string& role) const {
-    // setRole reads "image/role/" + name + "/config.dat" from the working directory; climbing
-    // past the root is harmless, so enough ".." reach any absolute folder.
-    std::string name;
-    std::string cwd = std::filesystem::current_path().string();
-    int depth = 2;
-    for (char c : cwd) {
-        depth += c == '/' ? 1 : 0;
+std::string TestFolder::reachFrom(const std::string& gameFolder, const std::string& entry) const {
+    // Climbing past the root is harmless, so enough ".." reach any absolute folder.
+    std::string climb;
+    std::string start = std::filesystem::current_path().string() + "/" + gameFolder;
+    for (char c : start) {
+        if (c == '/') {
+            climb += "../";
+        }
     }
-    for (int i = 0; i < depth; i++) {
-        name += "../";
-    }
-    return name + path.substr(1) + "/" + role;
+    return climb + path.substr(1) + "/" + entry;
 }

@@ -18,9 +18,10 @@ class TestFolder {
     // filled with a colour of its own and
     // marked white on its left column; needs Allegro. Returns the file's absolute path.
     std::string writeStrip(const std::string& name, int frameWidth, int frameHeight, int frames) const;
-    // The role name under which Player::setRole finds a role description written into the
-    // sub-folder `role` of this folder, from the game's working directory.
-    std::string roleName(const std::string& role) const;
+    // The relative path from the game's folder `gameFolder` (e.g. "image/role", under the
+    // working directory) to `entry` in this folder: the name to hand to code that reads
+    // "image/role/" + name, such as a role or a map piece.
+    std::string reachFrom(const std::string& gameFolder, const std::string& entry) const;
 
   private:
     std::string path;
