@@ -2,7 +2,6 @@
 # Builds the role generator and draws the characters into data/image/role/.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-mkdir -p build/tools
-c++ -std=c++17 -O2 -Wall -Wextra -DALLEGRO_NO_MAGIC_MAIN -o build/tools/rolegen tools/rolegen/rolegen.cpp \
-    $(pkg-config --cflags --libs allegro)
-build/tools/rolegen data
+cmake -S . -B build >/dev/null
+cmake --build build --target rolegen -j2
+build/rolegen data

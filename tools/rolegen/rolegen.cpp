@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "Palette.h"
+
 namespace {
 
 const int kFrameWidth = 32;   // pixels
@@ -36,10 +38,14 @@ struct Look {
     Colour stock;  // the rifle's wooden or polymer parts
 };
 
-const Colour kOutline = {28, 24, 22};
-const Colour kMetalDark = {46, 48, 54};
-const Colour kMetal = {84, 88, 96};
-const Colour kMetalLight = {140, 146, 156};
+// The level's ink and metal, so that characters and pieces look of a kind.
+constexpr Colour fromTone(const Grevan::Tone& t) {
+    return {t.r, t.g, t.b};
+}
+const Colour kOutline = fromTone(Grevan::Palette::kInk);
+const Colour kMetalDark = fromTone(Grevan::Palette::kMetal.shadow);
+const Colour kMetal = fromTone(Grevan::Palette::kMetal.base);
+const Colour kMetalLight = fromTone(Grevan::Palette::kMetal.light);
 
 const Look kSoldier = {"soldier",      {226, 176, 132}, {70, 50, 30},  {88, 104, 50}, {64, 76, 36},
                        {108, 124, 62}, {80, 94, 44},    {92, 106, 54}, {66, 78, 38},  {50, 40, 30},
@@ -269,8 +275,8 @@ Pose dyingPose(int frame) {
             break;
         default: {  // lying on the back, knees up, then flat
             bool flat = frame == kDieFrames - 1;
-            p.headX = 6;
-            p.headY = 41;
+            p.headX = 8;
+            p.headY = 40;
             p.neckX = 9;
             p.neckY = 39;
             p.hipX = 20;
@@ -398,7 +404,7 @@ int main(int argc, char** argv) {
         fprintf(stderr, "cannot start Allegro\n");
         return 1;
     }
-    set_color_depth(24);
+    set_color_depth(32);
     bool ok = writeRole(argv[1], kSoldier) && writeRole(argv[1], kRaider);
     return ok ? 0 : 1;
 }

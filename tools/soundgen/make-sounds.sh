@@ -2,6 +2,7 @@
 # Builds the sound generator and writes the weapon sounds into data/sound/weapons/.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-mkdir -p build/tools data/sound/weapons
-c++ -std=c++17 -O2 -Wall -Wextra -o build/tools/soundgen tools/soundgen/soundgen.cpp
-build/tools/soundgen data/sound/weapons
+cmake -S . -B build >/dev/null
+cmake --build build --target soundgen -j2
+mkdir -p data/sound/weapons
+build/soundgen data/sound/weapons
