@@ -107,7 +107,7 @@ class Player : public RealBody {
   protected:
     // The weapon in hand: slots 1 to 3 only, and only when filled.
     Weapon* weaponInHand() const;
-    // One frame of a scripted walk at velocityX, facing `direction` (1 left, 0 right).
+    // One frame of a scripted walk at velocityX pixels a frame, facing `facing` (1 left, 0 right).
     void walkScripted(float velocityX, int facing);
 
     std::string name;
