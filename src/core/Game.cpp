@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "actors/Player.h"
 #include "core/FramePacer.h"
 #include "core/GameLock.h"
 #include "core/MapFile.h"
@@ -27,6 +28,8 @@ Game::Game(StartMode mode) : startMode(mode) {
         install_allegro(SYSTEM_NONE, &errno, atexit);
         set_color_depth(32);
     }
+    // Without a sound card the game runs silently; initialize has said why.
+    soundSystem.initialize();
     instance = this;
     srand(time(nullptr));
     initializeLock();
@@ -74,18 +77,48 @@ void Game::gameLoop() {
 void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
     lockGame();
     objectSystem.moveObjects();
+    aimSystem.move();
     mapSystem.draw(buffer);
     objectSystem.drawObjects(buffer, mapSystem.getClientX(), mapSystem.getClientY());
+    aimSystem.draw(buffer);
     objectSystem.removeDeadObjects();
-    // Counted under the lock: the script thread may add objects as soon as it is released.
-    const int objectCount = objectSystem.getObjectCount();
+    if (mainPlayer) {
+        mapSystem.moveClientTo(mainPlayer->getCentralX(), mainPlayer->getCentralY());
+    }
+    // Read under the lock: the script thread may change the world as soon as it is released.
+    StatusFigures figures{framesLastSecond, objectSystem.getObjectCount(), mainPlayer != nullptr};
+    if (mainPlayer) {
+        figures.kills = mainPlayer->getKills();
+        figures.headshots = mainPlayer->getHeadshots();
+        figures.x = mainPlayer->getCentralX();
+        figures.y = mainPlayer->getCentralY();
+    }
     unlockGame();
-    drawStatusLines(buffer, framesLastSecond, objectCount);
+    drawStatusLines(buffer, figures);
 }
 
-void Game::drawStatusLines(BITMAP* buffer, int framesLastSecond, int objectCount) {
+void Game::drawStatusLines(BITMAP* buffer, const StatusFigures& figures) {
     int white = makecol(255, 255, 255);
-    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", framesLastSecond, objectCount);
+    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", figures.framesLastSecond,
+                  figures.objectCount);
+    if (figures.hasMainPlayer) {
+        textprintf_ex(buffer, font, 200, 0, white, -1, "Kills: %d  Headshots: %d  X: %d  Y: %d",
+                      figures.kills, figures.headshots, figures.x, figures.y);
+    }
+}
+
+void Game::addPlayer(Player* player) {
+    objectSystem.addObject(player);
+    players.push_back(player);
+}
+
+Player* Game::getPlayer(int playerId) {
+    for (Player* p : players) {
+        if (p->getPlayerId() == playerId) {
+            return p;
+        }
+    }
+    return nullptr;
 }
 
 void Game::loadMap(const char* path) {
@@ -98,6 +131,9 @@ void Game::loadMap(const char* path) {
     if (!accepted) {
         return;
     }
+    // The players are objects: the registry deletes them.
+    players.clear();
+    mainPlayer = nullptr;
     objectSystem.cleanupObjects();
     mapSystem.initialize(map.getWidth(), map.getHeight());
     blockSystem.initialize(map.getWidth(), map.getHeight());
@@ -116,6 +152,9 @@ void Game::loadMap(const char* path) {
 
 void Game::lockControl() {
     controlAllowed = false;
+    if (mainPlayer) {
+        mainPlayer->stopMoving();
+    }
 }
 
 }  // namespace Grevan

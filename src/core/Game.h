@@ -3,14 +3,20 @@
 #include <allegro.h>
 
 #include <atomic>
+#include <vector>
 
+#include "actors/AimSystem.h"
 #include "core/InputSystem.h"
 #include "core/MapSystem.h"
 #include "core/Screen.h"
+#include "scripting/ScriptSystem.h"
+#include "ui/SoundSystem.h"
 #include "world/BlockSystem.h"
 #include "world/ObjectSystem.h"
 
 namespace Grevan {
+
+class Player;
 
 // How the game starts Allegro, chosen once at construction. A display start opens the
 // system driver with timer, keyboard, mouse and sound; a headless start gives memory
@@ -50,10 +56,32 @@ class Game {
     InputSystem& getInputSystem() { return inputSystem; }
     MapSystem& getMapSystem() { return mapSystem; }
     ObjectSystem& getObjectSystem() { return objectSystem; }
+    SoundSystem& getSoundSystem() { return soundSystem; }
     BlockSystem& getBlockSystem() { return blockSystem; }
+    AimSystem& getAimSystem() { return aimSystem; }
+    ScriptSystem& getScriptSystem() { return scriptSystem; }
+
+    // Registers the player as an object and lists it; the registry owns it.
+    void addPlayer(Player* player);
+    // The first player added with that player id; null when none.
+    Player* getPlayer(int playerId);
+    std::vector<Player*>& getPlayers() { return players; }
+    Player* getMainPlayer() { return mainPlayer; }
+    // Only names the player; it is not added anywhere.
+    void setMainPlayer(Player* player) { mainPlayer = player; }
 
   private:
-    void drawStatusLines(BITMAP* buffer, int framesLastSecond, int objectCount);
+    // What the two status lines show, read under the game lock.
+    struct StatusFigures {
+        int framesLastSecond;
+        int objectCount;
+        bool hasMainPlayer;
+        int kills = 0;
+        int headshots = 0;
+        int x = 0;
+        int y = 0;
+    };
+    void drawStatusLines(BITMAP* buffer, const StatusFigures& figures);
 
     static Game* instance;
 
@@ -61,7 +89,12 @@ class Game {
     InputSystem inputSystem;
     MapSystem mapSystem;
     ObjectSystem objectSystem{blockSystem};
+    SoundSystem soundSystem;
     BlockSystem blockSystem;
+    AimSystem aimSystem;
+    ScriptSystem scriptSystem;
+    std::vector<Player*> players;  // in order of addPlayer; the registry owns them
+    Player* mainPlayer = nullptr;  // the one the keyboard and mouse control and the camera follows
     StartMode startMode;
     // Read and written by both threads without the game lock.
     std::atomic<bool> gameEnded{false};

@@ -1,4 +1,5 @@
 #include "world/BlockSystem.h"
+#include "actors/Player.h"
 
 #include <algorithm>
 #include <cassert>
@@ -66,7 +67,11 @@ const std::vector<Object*>& BlockSystem::getCell(unsigned row, unsigned column) 
     return cells[static_cast<size_t>(row) * columns + column];
 }
 
-int BlockSystem::outlineColour(Object*) const {
+int BlockSystem::outlineColour(Object* o) const {
+    // A player's own colour lets its own line tests pass through its outline.
+    if (Player* player = dynamic_cast<Player*>(o)) {
+        return player->getColor();
+    }
     return defaultColour;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "actors/Player.h"
 #include "world/BlockSystem.h"
 #include "world/RealBody.h"
 
@@ -57,6 +58,11 @@ void ObjectSystem::moveObject(Object* o) {
 }
 
 void ObjectSystem::letGo(Object* o) {
+    // A player that touches nothing stands on nothing.
+    if (Player* player = dynamic_cast<Player*>(o)) {
+        player->setFree(true);
+        player->setBoard(nullptr);
+    }
     if (RealBody* body = dynamic_cast<RealBody*>(o)) {
         body->releaseRoad();
     }

@@ -1,0 +1,29 @@
+#include "actors/AimSystem.h"
+
+#include "actors/Player.h"
+#include "core/Game.h"
+#include "core/MapSystem.h"
+
+namespace Grevan {
+
+AimSystem::AimSystem() : sight(std::make_unique<FrontSight>()) {}
+
+bool AimSystem::steersMouse() const {
+    Game* game = Game::getInstance();
+    MapSystem& map = game->getMapSystem();
+    int x = getX();
+    int y = getY();
+    bool insideView = 0 < x && x < map.getClientWidth() && 0 < y && y < map.getClientHeight();
+    Player* mainPlayer = game->getMainPlayer();
+    return insideView && mainPlayer && mainPlayer->isAlive();
+}
+
+void AimSystem::move() {
+    // Without a mouse driver (a headless game) there is no pointer to move.
+    if (mouse_driver && steersMouse()) {
+        position_mouse(getX(), getY());
+    }
+    sight->move();
+}
+
+}  // namespace Grevan

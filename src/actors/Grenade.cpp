@@ -1,0 +1,30 @@
+#include "actors/Grenade.h"
+
+#include "actors/GrenadeThrown.h"
+#include "core/Game.h"
+#include "world/ObjectSystem.h"
+
+namespace Grevan {
+
+namespace {
+const int kMagazine = 1;     // grenades
+const int kFireDelay = 1;    // frames
+const int kReloadTime = 50;  // frames
+}  // namespace
+
+Grenade::Grenade(Player* holder) : Weapon(holder, "grenade") {
+    setCapacity(kMagazine, kFireDelay, kReloadTime);
+}
+
+bool Grenade::fire(int x, int y) {
+    if (!Weapon::fire(x, y)) {
+        return false;
+    }
+    int muzzleX = 0;
+    int muzzleY = 0;
+    muzzlePoint(x, y, &muzzleX, &muzzleY);
+    Game::getInstance()->getObjectSystem().addObject(new GrenadeThrown(owner, muzzleX, muzzleY, x, y, 0));
+    return true;
+}
+
+}  // namespace Grevan

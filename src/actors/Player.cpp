@@ -1,0 +1,230 @@
+#include "actors/Player.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "actors/Blood.h"
+#include "actors/Weapon.h"
+#include "core/Game.h"
+#include "world/ObjectSystem.h"
+
+namespace Grevan {
+
+Player::Player() {
+    initialize();
+}
+
+Player::Player(const std::string& playerName, const std::string& playerRole) : Player() {
+    setName(playerName);
+    setRole(playerRole);
+}
+
+Player::~Player() {
+    for (Weapon* w : weapons) {
+        delete w;
+    }
+}
+
+void Player::initialize() {
+    name = "NoName";
+    playerId = rand();
+    health = kFullHealth;
+    headshots = 0;
+    kills = 0;
+    animating = false;
+    // Three draws, red from the last and blue from the first; each component 0 to 254, so a
+    // player is never white like the level's outlines in the block map.
+    int first = rand();
+    int second = rand();
+    int third = rand();
+    color = makecol(third % 255, second % 255, first % 255);
+    if (color == 0) {
+        // Black is the empty block map: a black player would be invisible to line tests.
+        color = makecol(0, 0, 1);
+    }
+    equipment = 0;
+    movingLeft = movingRight = firing = jumping = false;
+    actionOn = false;
+    for (Weapon*& w : weapons) {
+        w = nullptr;
+    }
+    setMass(kMass);
+}
+
+void Player::setRole(const std::string& newRole) {
+    role = newRole;
+    std::string path = "image/role/" + role + "/config.dat";
+    animation.clear();
+    animation.load(path.c_str());
+    if (!animation.hasAction(0)) {
+        allegro_message("Role %s has no picture: %s is missing or has no walking action 0.", role.c_str(),
+                        path.c_str());
+        // Half a role is no role: the player stays without any picture, dying included.
+        animation.clear();
+    }
+    act(PLAYER_STAND);
+    setWidth(animation.getFrameWidth());
+    setHeight(animation.getFrameHeight());
+}
+
+void Player::act(PlayerState newState) {
+    state = newState;
+    switch (static_cast<int>(newState)) {
+        case PLAYER_WALK:
+            animating = true;
+            animation.setAction(0, true);
+            break;
+        case PLAYER_DEAD:
+            // The dying sequence stays on its last frame.
+            animating = true;
+            animation.setAction(3, false);
+            break;
+        case 2:
+        case 3:
+        case 4:
+        case 5:
+        case 7:
+            break;
+        default:
+            animating = false;
+            animation.setAction(0);
+            animation.setFrame(0);
+            break;
+    }
+}
+
+void Player::moveLeft(bool on) {
+    if (!isAlive()) {
+        return;
+    }
+    movingLeft = on;
+    if (on) {
+        animation.setDirection(1);
+        act(PLAYER_WALK);
+    } else if (movingRight) {
+        // The other key, still held, takes over.
+        moveRight(true);
+    } else {
+        stopMoving();
+    }
+}
+
+void Player::moveRight(bool on) {
+    if (!isAlive()) {
+        return;
+    }
+    movingRight = on;
+    if (on) {
+        animation.setDirection(0);
+        act(PLAYER_WALK);
+    } else if (movingLeft) {
+        moveLeft(true);
+    } else {
+        stopMoving();
+    }
+}
+
+void Player::jump(bool on) {
+    jumping = on;
+}
+
+void Player::stopMoving() {
+    if (!isAlive()) {
+        return;
+    }
+    act(PLAYER_STAND);
+    movingLeft = movingRight = firing = jumping = false;
+}
+
+void Player::fire(int x, int y) {
+    firing = true;
+    fireX = x;
+    fireY = y;
+}
+
+void Player::aim(int x, int y) {
+    if (!isAlive()) {
+        return;
+    }
+    aimX = x;
+    aimY = y;
+    if (Weapon* w = weaponInHand()) {
+        // The weapon takes the aim relative to the centre, with y pointing up.
+        w->setTarget(x - getCentralX(), getCentralY() - y);
+    }
+}
+
+void Player::setAction(const PlayerAction& order) {
+    action = order;
+    actionOn = true;
+}
+
+void Player::setWeapon(int slot, Weapon* w) {
+    if (slot < 0 || slot >= kSlotCount) {
+        printf("No weapon slot %d\n", slot);
+        delete w;
+        return;
+    }
+    Weapon* old = weapons[slot];
+    if (old && old != w) {
+        if (equipment == slot) {
+            equipment = 0;
+        }
+        delete old;
+    }
+    weapons[slot] = w;
+}
+
+Weapon* Player::getWeapon(int slot) const {
+    return slot >= 0 && slot < kSlotCount ? weapons[slot] : nullptr;
+}
+
+Weapon* Player::getCurrentWeapon() const {
+    return getWeapon(equipment);
+}
+
+Weapon* Player::weaponInHand() const {
+    return equipment != 0 ? getWeapon(equipment) : nullptr;
+}
+
+bool Player::hit(int x, int y, const Vector& impulse) {
+    // A player without a picture has no rows to tell apart and takes no damage.
+    int damage = 0;
+    if (height > 0) {
+        float row = static_cast<float>(y - getY()) / static_cast<float>(height);
+        damage = static_cast<int>((1.0f - row) * kHeadshotDamage);
+    }
+    // Blood flows even from a corpse.
+    ObjectSystem& objects = Game::getInstance()->getObjectSystem();
+    for (int i = 0; i < damage; i++) {
+        objects.addObject(new Blood(x, y, impulse));
+    }
+    if (isAlive()) {
+        health -= damage;
+        if (health < 1) {
+            Game::getInstance()->getScriptSystem().raise("OnKill", getId(), x, y);
+            die();
+        }
+    }
+    stopMoving();
+    return damage == kHeadshotDamage;
+}
+
+void Player::hitBy(Player* shooter, int x, int y, const Vector& impulse) {
+    bool wasAlive = isAlive();
+    bool headshot = hit(x, y, impulse);
+    // A head shot counts only when it kills.
+    if (wasAlive && !isAlive() && shooter) {
+        shooter->addKills();
+        if (headshot) {
+            shooter->addHeadshots();
+        }
+    }
+}
+
+void Player::die() {
+    health = 0;
+    act(PLAYER_DEAD);
+}
+
+}  // namespace Grevan

@@ -1,0 +1,146 @@
+#include "actors/Weapon.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cmath>
+
+#include "actors/Bullet.h"
+#include "actors/Player.h"
+#include "core/Game.h"
+#include "world/ObjectSystem.h"
+
+namespace Grevan {
+
+namespace {
+const float kFullTurnRadians = 6.2831852f;
+const int kFullTurn = 256;  // Allegro angle units
+const int kHalfTurn = 128;
+const int kQuarterTurn = 64;
+}  // namespace
+
+Weapon::Weapon(Player* holder, const std::string& name) : owner(holder) {
+    assert(holder);
+    std::string path = "image/role/" + holder->getRole() + "/" + name + ".bmp";
+    loadImage(path.c_str());
+}
+
+void Weapon::setCapacity(int magazine, int delay, int reloadFrames) {
+    magazineSize = magazine;
+    fireDelay = delay;
+    reloadTime = reloadFrames;
+}
+
+void Weapon::setTarget(int dx, int dy) {
+    // Straight above or below (or on) the centre the quotient is infinite: a quarter turn,
+    // which points down in both cases; that is kept.
+    int a = kQuarterTurn;
+    if (dx != 0) {
+        float quotient = static_cast<float>(dy) / static_cast<float>(dx);
+        a = static_cast<int>(std::fabs(std::atan(quotient) / kFullTurnRadians * kFullTurn));
+    }
+    if (dx < 0 && dy >= 0) {
+        angle = a + kHalfTurn;
+    } else if (dx < 0) {
+        angle = kHalfTurn - a;
+    } else if (dx > 0 && dy > 0) {
+        angle = kFullTurn - a;
+    } else {
+        angle = a;
+    }
+}
+
+void Weapon::reduceBullet() {
+    bulletCurrent = std::max(0, bulletCurrent - 1);
+}
+
+void Weapon::draw(BITMAP* target, int cx, int cy) {
+    if (!image) {
+        return;
+    }
+    int left = cx - width / 2;
+    int top = cy - height / 2;
+    // Pointing into the left half, the picture is mirrored rather than drawn upside down.
+    if (angle < kQuarterTurn + 1 || angle > kFullTurn - kQuarterTurn - 1) {
+        rotate_sprite(target, image, left, top, itofix(angle));
+    } else {
+        rotate_sprite_v_flip(target, image, left, top, itofix(angle));
+    }
+}
+
+void Weapon::move() {
+    if (timer < 1) {
+        // An automatic reload, e.g. after rounds were given to an empty weapon.
+        if (bulletCurrent == 0 && bulletSpare > 0 && !reloading) {
+            reload();
+        }
+    } else {
+        timer--;
+        if (timer == 0 && reloading) {
+            reloading = false;
+            int n = std::min(bulletSpare, magazineSize - bulletCurrent);
+            bulletCurrent += n;
+            bulletSpare -= n;
+        }
+    }
+    Object::move();
+}
+
+void Weapon::reload() {
+    reloading = true;
+    timer = reloadTime;
+}
+
+bool Weapon::fire(int, int) {
+    if (bulletCurrent == 0) {
+        if (bulletSpare > 0) {
+            reload();
+        }
+        return false;
+    }
+    if (timer >= 1) {
+        return false;
+    }
+    reduceBullet();
+    timer = fireDelay;
+    if (bulletCurrent == 0 && bulletSpare > 0) {
+        reload();
+    }
+    return true;
+}
+
+void Weapon::muzzlePoint(int x, int y, int* muzzleX, int* muzzleY) const {
+    int cx = owner->getCentralX();
+    int cy = owner->getCentralY();
+    Vector v = Vector(static_cast<float>(x - cx), static_cast<float>(y - cy)).normalized();
+    v *= static_cast<float>(width / 2);
+    *muzzleX = static_cast<int>(v.x + static_cast<float>(cx));
+    *muzzleY = static_cast<int>(v.y + static_cast<float>(cy));
+}
+
+bool Weapon::fireBullet(int x, int y, int recoil, const char* shotSound) {
+    if (!Weapon::fire(x, y)) {
+        return false;
+    }
+    Game* game = Game::getInstance();
+    Player* mainPlayer = game->getMainPlayer();
+    // Only the main player's own shots kick the sight.
+    if (mainPlayer && mainPlayer->getCurrentWeapon() == this) {
+        game->getAimSystem().jump(recoil);
+    }
+    int muzzleX = 0;
+    int muzzleY = 0;
+    muzzlePoint(x, y, &muzzleX, &muzzleY);
+    game->getObjectSystem().addObject(new Bullet(owner, muzzleX, muzzleY, x, y));
+    game->getSoundSystem().playSound(shotSound);
+    return true;
+}
+
+void Weapon::reloadWithSound(const char* reloadSound) {
+    if (reloading) {
+        return;
+    }
+    Game::getInstance()->getSoundSystem().playSound(reloadSound);
+    Weapon::reload();
+}
+
+}  // namespace Grevan

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+
+#include "world/Object.h"
+
+namespace Grevan {
+
+class Player;
+
+// A weapon a player holds in a slot: a magazine and a reserve of rounds, a cool-down between
+// shots, a reload delay and a barrel angle towards the aimed point. It is never registered:
+// its owner draws it at its centre, aims it and calls move every frame for its timing.
+class Weapon : public Object {
+  public:
+    // Loads "image/role/<owner's role>/<name>.bmp". Without its picture the weapon is drawn
+    // as nothing and fires from its owner's centre.
+    Weapon(Player* owner, const std::string& name);
+
+    // The picture centred on (cx, cy), turned by the angle and mirrored when pointing left.
+    void draw(BITMAP* target, int cx, int cy) override;
+    // One frame of cool-down and reload.
+    void move() override;
+    virtual void reload();
+    // Fires at the world point (x, y); true when a round was spent.
+    virtual bool fire(int x, int y);
+
+    // Aims at the offset (dx, dy) from the owner's centre, y pointing up.
+    void setTarget(int dx, int dy);
+    // Allegro angle units: 256 a full turn, 0 right, 64 down, 128 left, 192 up.
+    int getAngle() const { return angle; }
+
+    int getBulletCurrent() const { return bulletCurrent; }
+    int getBulletTotal() const { return bulletSpare + bulletCurrent; }
+    void reduceBullet();
+    void addBullets(int n) { bulletSpare += n; }
+    int getReloadTime() const { return reloadTime; }
+    int getFireDelay() const { return fireDelay; }
+    int getMagazineSize() const { return magazineSize; }
+    int getTimer() const { return timer; }
+    bool isReloading() const { return reloading; }
+    Player* getOwner() const { return owner; }
+    void setOwner(Player* p) { owner = p; }
+
+  protected:
+    // The kinds set their constants here: rounds, frames between shots, frames to reload.
+    void setCapacity(int magazine, int delay, int reloadFrames);
+    // Where a shot at (x, y) leaves the barrel: half the picture's width out from the
+    // owner's centre, towards the target.
+    void muzzlePoint(int x, int y, int* muzzleX, int* muzzleY) const;
+    // The shot of Gun and Pistol: a round, a kick of the sight when the weapon is in the
+    // main player's hand, a bullet and the shot's sound.
+    bool fireBullet(int x, int y, int recoil, const char* shotSound);
+    // A reload that sounds once: a reload already under way goes on untouched.
+    void reloadWithSound(const char* reloadSound);
+
+    int angle = 0;
+    int bulletCurrent = 0;
+    int bulletSpare = 0;
+    int reloadTime = 0;  // frames
+    int timer = 0;       // frames left of the cool-down or reload; 0 is ready
+    int fireDelay = 5;   // frames
+    int magazineSize = 0;
+    bool reloading = false;
+    Player* owner;  // not owned
+};
+
+}  // namespace Grevan

@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+#include "actors/Bullet.h"
+#include "actors/Explosion.h"
+#include "actors/FireStar.h"
+#include "actors/Grenade.h"
+#include "actors/GrenadeThrown.h"
+#include "actors/Gun.h"
+#include "support/CombatScene.h"
+
+using Grevan::Player;
+
+namespace {
+
+// A shooter at x 100 and a target at x 700 on the floor, the wall (when there is one) between.
+class CombatScenario : public CombatScene {
+  protected:
+    void setUpDuel(bool withWall) {
+        loadLevel(withWall);
+        shooter = addStandingPlayer(100);
+        target = addStandingPlayer(700, "raider");
+        gun = new Grevan::Gun(shooter);
+        shooter->setWeapon(1, gun);
+        shooter->setEquipment(1);
+        gun->addBullets(90);
+        runFrames(101);  // the first magazine is loaded
+        ASSERT_EQ(gun->getBulletCurrent(), 30);
+    }
+
+    // One shot at the target's left edge on its row `row` (0 is the top): the first pixel of
+    // the target that the line meets.
+    void shootAtRow(int row) {
+        int y = target->getY() + row;
+        shooter->aim(target->getX(), y);
+        ASSERT_TRUE(gun->fire(target->getX(), y));
+    }
+
+    static bool isFireStar(Grevan::Object* o) { return dynamic_cast<Grevan::FireStar*>(o) != nullptr; }
+    Grevan::FireStar* newestFireStar() {
+        Grevan::FireStar* newest = nullptr;
+        for (Grevan::Object* o : game->getObjectSystem().getObjects()) {
+            if (auto* star = dynamic_cast<Grevan::FireStar*>(o)) {
+                newest = star;
+            }
+        }
+        return newest;
+    }
+
+    Player* shooter = nullptr;
+    Player* target = nullptr;
+    Grevan::Gun* gun = nullptr;
+};
+
+TEST_F(CombatScenario, ABulletEndsAtTheTargetsFirstPixelOrAtTheWall) {
+    struct Case {
+        bool wall;
+        int endX;  // where the fire star appears
+    } cases[] = {{false, 700}, {true, kWallLeft}};
+    for (const Case& c : cases) {
+        setUpDuel(c.wall);
+        shootAtRow(40);
+        runFrames(8);
+        Grevan::FireStar* star = newestFireStar();
+        ASSERT_NE(star, nullptr) << "wall " << c.wall;
+        EXPECT_EQ(star->getX(), c.endX) << "wall " << c.wall;
+        if (!c.wall) {
+            EXPECT_EQ(star->getY(), target->getY() + 40);
+        }
+        EXPECT_EQ(target->getHealth(), 100 - (c.wall ? 0 : 1)) << "row 40 of 48 does 1";
+    }
+}
+
+TEST_F(CombatScenario, TheTargetIsHitOnlyWhenItStandsOnTheEndPointOnArrival) {
+    setUpDuel(false);
+    Player* stranger = addStandingPlayer(400, "raider");
+    teleport(stranger, 400, 100);  // out of the line when the shot is fired
+    int targetY = target->getY();
+    shootAtRow(0);
+    // The target steps back before the bullet arrives; the stranger steps into the end point.
+    teleport(target, 900, targetY);
+    teleport(stranger, 700, targetY);
+    stranger->setVelocity(Vector());
+    runFrames(1);
+    EXPECT_EQ(stranger->getY(), targetY) << "still in place when the bullet arrives";
+    runFrames(7);
+    EXPECT_EQ(target->getHealth(), 100);
+    EXPECT_EQ(stranger->getHealth(), 90);
+    EXPECT_EQ(shooter->getHealth(), 100);
+}
+
+TEST_F(CombatScenario, ATopRowKillCreditsAKillAndAHeadShotAndATopRowWoundCreditsNothing) {
+    setUpDuel(false);
+    target->setHealth(15);
+    struct Step {
+        int health, kills, headshots;
+    } steps[] = {{5, 0, 0}, {0, 1, 1}};
+    for (const Step& s : steps) {
+        runFrames(7);
+        shootAtRow(0);
+        runFrames(8);
+        EXPECT_EQ(target->getHealth(), s.health);
+        EXPECT_EQ(shooter->getKills(), s.kills);
+        EXPECT_EQ(shooter->getHeadshots(), s.headshots);
+    }
+    EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 1);
+    runFrames(7);
+    shootAtRow(10);
+    runFrames(8);
+    EXPECT_EQ(shooter->getKills(), 1) << "a corpse is not killed again";
+}
+
+TEST_F(CombatScenario, AShotAtTheShootersOwnPictureNeverHitsHim) {
+    setUpDuel(false);
+    int x = shooter->getX() + 2;
+    int y = shooter->getY() + 2;
+    ASSERT_TRUE(gun->fire(x, y));
+    runFrames(3);
+    EXPECT_EQ(shooter->getHealth(), 100);
+}
+
+TEST_F(CombatScenario, AThrownGrenadeBouncesSoundsAtMostEveryFiveFramesAndExplodes) {
+    loadLevel(false);
+    Player* thrower = addStandingPlayer(100);
+    Player* bystander = addStandingPlayer(200, "raider");
+    Grevan::Grenade* grenades = new Grevan::Grenade(thrower);
+    thrower->setWeapon(3, grenades);
+    thrower->setEquipment(3);
+    grenades->addBullets(1);
+    runFrames(51);
+    ASSERT_EQ(grenades->getBulletCurrent(), 1);
+    // Thrown at the thrower's feet: it leaves his hand, lands on the floor and bounces.
+    thrower->fire(thrower->getCentralX(), thrower->getCentralY() + 100);
+    game->getSoundSystem().removeSound("grenade_hitground");
+    game->getSoundSystem().removeSound("grenade_explode");
+    std::string printed = printedBy([&] {
+        time_t start = time(nullptr);
+        for (int frame = 0; time(nullptr) - start < 3; frame++) {
+            printf("frame %d\n", frame);
+            runFrames(1);
+            thrower->holdFire();
+        }
+    });
+    std::vector<int> bounceFrames;
+    int explodeFrame = -1;
+    int frame = -1;
+    size_t at = 0;
+    while (at < printed.size()) {
+        size_t end = printed.find('\n', at);
+        std::string line = printed.substr(at, end - at);
+        at = end + 1;
+        if (line.rfind("frame ", 0) == 0) {
+            frame = std::stoi(line.substr(6));
+        } else if (line.find("grenade_hitground") != std::string::npos) {
+            bounceFrames.push_back(frame);
+        } else if (line.find("grenade_explode") != std::string::npos) {
+            EXPECT_EQ(explodeFrame, -1) << "one explosion";
+            explodeFrame = frame;
+        }
+    }
+    ASSERT_GE(explodeFrame, 0) << "the fuse burns within two seconds";
+    ASSERT_FALSE(bounceFrames.empty()) << "the grenade lands on the floor";
+    for (size_t i = 1; i < bounceFrames.size(); i++) {
+        EXPECT_GE(bounceFrames[i] - bounceFrames[i - 1], 5);
+    }
+    EXPECT_LT(bystander->getHealth(), 100) << "the blast reaches a player nearby";
+    EXPECT_LT(thrower->getHealth(), 100) << "the thrower is not exempt";
+}
+
+}  // namespace
