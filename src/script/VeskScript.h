@@ -1,0 +1,184 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "script/VeskRuntimeException.h"
+#include "script/VeskSyntaxException.h"
+#include "script/VeskSyntaxNode.h"
+#include "script/VeskTables.h"
+#include "script/VeskToken.h"
+#include "script/VeskVariable.h"
+
+// The Vesk language engine: lexer, statement and expression parsers building one syntax tree per
+// function, and the interpreter that walks those trees over one runtime stack. Faults are thrown
+// inside as VeskSyntaxException or VeskRuntimeException and become a false result and the last
+// error at the edge (load, parse, run, addFunction). One thread at a time may use an engine.
+//
+// The definitions are spread by stage: VeskScriptLexer.cpp, VeskScriptParser.cpp,
+// VeskScriptStatements.cpp, VeskScriptExpression.cpp, VeskScriptInterpreter.cpp and
+// VeskScriptEvaluator.cpp.
+class VeskScript {
+  public:
+    using HostFunction = VeskHostFunction;
+
+    // Script calls nested deeper than this fail with "Stack overflow". A script level costs a few
+    // kilobytes of machine stack in a sanitizer build; this depth fits a thread with the default
+    // 8 MiB stack in every build.
+    static const int kMaxCallDepth = 1000;
+    // Blocks and call arguments nested deeper than this fail to parse with "Nesting too deep".
+    static const int kMaxNesting = 200;
+    // A concatenation longer than this fails with "String too long".
+    static const std::size_t kMaxStringLength = 16 * 1024 * 1024;
+
+    VeskScript();
+    ~VeskScript();
+    VeskScript(const VeskScript&) = delete;
+    VeskScript& operator=(const VeskScript&) = delete;
+
+    // Lexer
+    bool load(std::string fileName);
+    bool parse(std::string text);
+    void addToken(int line, std::string word);
+    VeskToken& getToken();
+    void popToken();
+    void pushToken(VeskToken token);
+    static void toUpperString(std::string& text);
+
+    // Statement parser
+    bool parseSyntax();
+    void parseDIM(VeskSyntaxNode* owner);
+    void parseCONST(VeskSyntaxNode* owner);
+    void parseIMPORT();
+    void parseFUNCTION();
+    void parseBody(VeskSyntaxNode* block);
+    void parseCALL(VeskSyntaxNode* call);
+    void endLine();
+    VeskVariable* getVariable(VeskSyntaxNode* owner, const std::string& name, bool create);
+
+    // Expression parser
+    VeskSyntaxNode* parseExpression(VeskSyntaxNode* owner);
+    VeskSyntaxNode* buildOperation(const std::string& op, std::vector<VeskSyntaxNode*>& operands, int line);
+    static int getOperatorPriority(const std::string& op);
+
+    // Interpreter
+    bool run(std::string name);
+    VeskVariable invokeFunction(std::string name, int argumentCount);
+    VeskVariable call(VeskSyntaxNode* callNode);
+    int interpret(VeskSyntaxNode* statement);
+    VeskVariable evaluate(VeskSyntaxNode* expression);
+    VeskVariable* getRuntimeVar(VeskSyntaxNode* node, const std::string& name);
+    std::vector<VeskVariable>& getRuntimeStack();
+    bool addFunction(std::string name, HostFunction function);
+    bool invokeExternal(std::string name, int argumentCount);
+    void remove(VeskSyntaxNode* node);
+
+    // Errors
+    void setLastError(const std::string& error, const std::string& detail, int line);
+    std::string getLastError() const;
+
+    // The function table's and the global table's entry for an upper-case name, or null.
+    VeskSyntaxNode* findFunction(const std::string& name) const;
+    VeskVariable* findGlobal(const std::string& name) const;
+
+  private:
+    VeskSyntaxNode* newNode(VeskSyntaxNode* parent);
+    VeskVariable* newVariable();
+    void deleteNode(VeskSyntaxNode* node);
+    void deleteVariable(VeskVariable* variable);
+
+    // Parser helpers
+    VeskSyntaxNode* newStatement(VeskSyntaxNode* block, const VeskToken& token);
+    VeskSyntaxNode* parseStatement(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    VeskSyntaxNode* parseNameStatement(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseIF(VeskSyntaxNode* statement);
+    void parseFOR(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseWHILE(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseDO(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseSELECT(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseEXIT(VeskSyntaxNode* statement);
+    VeskSyntaxNode* parseBlock(VeskSyntaxNode* parent);
+    int readLoopMode(const char* error);
+    VeskSyntaxNode* makeCaseTest(VeskSyntaxNode* arm, VeskSyntaxNode* selector, VeskSyntaxNode* select);
+    VeskVariable* newLocal(VeskSyntaxNode* owner, const std::string& name, int line);
+    void bindName(VeskSyntaxNode* node, bool create);
+    void bindVariable(VeskSyntaxNode* node, VeskVariable* variable);
+    void rebindShadowedGlobal(VeskSyntaxNode* function, const std::string& name);
+    VeskSyntaxNode* makeVariableReference(VeskSyntaxNode* parent, const std::string& name);
+    VeskSyntaxNode* makeOperation(VeskSyntaxNode* parent, int op, VeskSyntaxNode* left,
+                                  VeskSyntaxNode* right);
+    VeskSyntaxNode* makeConstant(VeskSyntaxNode* parent, const VeskVariable& value);
+    void applyPendingUnary(std::vector<std::string>& operatorStack, std::vector<VeskSyntaxNode*>& operands,
+                           int& pendingUnary, VeskSyntaxNode* owner, int line);
+    void reduceTop(std::vector<std::string>& operatorStack, std::vector<VeskSyntaxNode*>& operands, int line);
+    VeskSyntaxNode* makeOperand(const VeskToken& token, VeskSyntaxNode* owner);
+
+    // Interpreter helpers
+    VeskVariable invoke(VeskSyntaxNode* function, int argumentCount);
+    // The storage a variable reference, an assignment or a function's return variable names in
+    // the running frame.
+    VeskVariable* runtimeVariable(VeskSyntaxNode* node) {
+        if (node->frameSlot >= 0) {
+            return &runtimeStack[frameBase + static_cast<std::size_t>(node->frameSlot)];
+        }
+        return node->variable;
+    }
+    bool conditionHolds(VeskSyntaxNode* expression);
+    int interpretLoop(VeskSyntaxNode* loop);
+    int interpretFor(VeskSyntaxNode* loop);
+    void assign(VeskSyntaxNode* statement);
+    void pushArguments(VeskSyntaxNode* callNode);
+    // Throws "Stack overflow" when the machine stack has grown past the interpreter's budget.
+    void checkStack(VeskSyntaxNode* node) {
+        if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < stackLimit) {
+            throwStackOverflow(node);
+        }
+    }
+    [[noreturn]] __attribute__((noinline, cold)) void throwStackOverflow(VeskSyntaxNode* node);
+    const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
+    void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
+    bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
+    // tryIntegerExpression with the leaves, which most operands are, read without a call.
+    bool tryIntegerOperand(VeskSyntaxNode* node, std::int32_t& value) {
+        const VeskVariable* leaf;
+        if (node->kind == NodeVariable) {
+            leaf = runtimeVariable(node);
+        } else if (node->kind == NodeConstant) {
+            leaf = node->variable;
+        } else {
+            return tryIntegerExpression(node, value);
+        }
+        value = leaf->integerValue;
+        return leaf->type == VeskVariable::TypeInteger;
+    }
+    void countInstruction();
+
+    std::deque<VeskToken> tokens;
+    std::map<std::string, VeskSyntaxNode*> functions;
+    std::map<std::string, VeskVariable*> globals;
+    std::vector<VeskVariable> runtimeStack;
+    std::string lastError;
+
+    // Every node and variable the engine made, freed on destruction whatever state a failed parse
+    // left the trees in.
+    std::unordered_map<VeskSyntaxNode*, std::unique_ptr<VeskSyntaxNode>> nodes;
+    std::unordered_map<VeskVariable*, std::unique_ptr<VeskVariable>> variables;
+
+    // Files being loaded, outermost first, to refuse an IMPORT cycle.
+    std::vector<std::string> loading;
+    int nesting = 0;
+
+    // The running function's frame starts at this index of runtimeStack.
+    std::size_t frameBase = 0;
+    int callDepth = 0;
+    // Lowest machine-stack address the interpreter may reach; 0 while no script runs.
+    std::uintptr_t stackLimit = 0;
+#ifdef VESK_INSTRUCTION_BUDGET
+    long instructionsLeft = 0;
+#endif
+};

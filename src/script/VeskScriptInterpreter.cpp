@@ -1,0 +1,335 @@
+// The interpreter: function calls, statements and the host-function interface.
+
+#include <cassert>
+#include <cstdio>
+
+#include "script/VeskDepthGuard.h"
+#include "script/VeskScript.h"
+
+namespace {
+
+// Completion codes of interpret: how a statement ended.
+const int kCompleted = 0;
+const int kLeaveSelect = 1;
+const int kLeaveLoop = 2;
+const int kLeaveFunction = 5;
+
+// Machine stack the interpreter may use below its outermost call: most of the 8 MiB that the main
+// thread and a thread with default attributes get, with room left for the deepest single script
+// level between two checks.
+const std::uintptr_t kStackBudget = 5 * 1024 * 1024;
+
+}  // namespace
+
+bool VeskScript::run(std::string name) {
+    toUpperString(name);
+    try {
+        invokeFunction(name, 0);
+    } catch (const VeskRuntimeException& e) {
+        setLastError(e.function + ": " + e.error, e.detail, e.line);
+        return false;
+    }
+    return true;
+}
+
+VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
+    VeskSyntaxNode* function = findFunction(name);
+    if (!function) {
+        throw VeskRuntimeException("Function not found", name, name, 0);
+    }
+    return invoke(function, argumentCount);
+}
+
+// The caller has pushed the arguments and pops them again; the frame is the top localCount entries.
+VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
+    VeskVariable result;
+    if (function->kind == NodeExternal) {
+        function->hostFunction(runtimeStack, result, argumentCount);
+        return result;
+    }
+    const std::string& name = function->text;
+    if (function->kind != NodeFunction) {
+        throw VeskRuntimeException("Not a valid function", name, name, 0);
+    }
+    // The bound is the whole frame, not the parameters: surplus arguments land in the return
+    // variable and the first locals.
+    if (argumentCount > function->localCount) {
+        throw VeskRuntimeException("Too many parameters", name, name, 0);
+    }
+    assert(argumentCount >= 0 && static_cast<std::size_t>(argumentCount) <= runtimeStack.size());
+
+    // Restores the caller's view however the call ends. A runtime error leaves the pushed values on
+    // the stack, below any later frame, where nothing addresses them.
+    struct CallerState {
+        VeskScript& script;
+        std::size_t frameBase;
+        std::uintptr_t stackLimit;
+        ~CallerState() {
+            script.frameBase = frameBase;
+            script.stackLimit = stackLimit;
+        }
+    } caller{*this, frameBase, stackLimit};
+    auto frameAddress = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    if (callDepth == 0) {
+        stackLimit = frameAddress > kStackBudget ? frameAddress - kStackBudget : 0;
+#ifdef VESK_INSTRUCTION_BUDGET
+        instructionsLeft = VESK_INSTRUCTION_BUDGET;
+#endif
+    }
+    VeskDepthGuard depth(callDepth);
+    if (callDepth > kMaxCallDepth || frameAddress < stackLimit) {
+        throw VeskRuntimeException("Stack overflow", name, name, 0);
+    }
+
+    const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
+    runtimeStack.resize(runtimeStack.size() + pushed);
+    frameBase = runtimeStack.size() - static_cast<std::size_t>(function->localCount);
+    for (VeskSyntaxNode* statement : function->statements) {
+        if (interpret(statement) > 4) {
+            break;
+        }
+    }
+    // A function's own name is its return variable. A placeholder that was never defined has none.
+    VeskVariable* returned = function->variable ? runtimeVariable(function) : getRuntimeVar(function, name);
+    if (function->frameSlot >= argumentCount) {
+        result = std::move(*returned);
+    } else {
+        result = *returned;
+    }
+    runtimeStack.resize(runtimeStack.size() - pushed);
+    return result;
+}
+
+VeskVariable VeskScript::call(VeskSyntaxNode* callNode) {
+    pushArguments(callNode);
+    const int count = static_cast<int>(callNode->arguments.size());
+    VeskVariable result = invoke(callNode->expr, count);
+    runtimeStack.resize(runtimeStack.size() - static_cast<std::size_t>(count));
+    return result;
+}
+
+// All arguments are evaluated before any is pushed, so that a call inside an argument runs against
+// the stack as the caller left it. Without such a call after the first argument nothing can tell
+// the difference, and each value goes straight onto the stack.
+void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
+    std::vector<VeskSyntaxNode*>& arguments = callNode->arguments;
+    bool laterCall = false;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        laterCall = laterCall || arguments[i]->hasCall;
+    }
+    if (!laterCall) {
+        for (VeskSyntaxNode* argument : arguments) {
+            runtimeStack.push_back(evaluate(argument));
+        }
+        return;
+    }
+    std::vector<VeskVariable> values;
+    values.reserve(arguments.size());
+    for (VeskSyntaxNode* argument : arguments) {
+        values.push_back(evaluate(argument));
+    }
+    for (VeskVariable& value : values) {
+        runtimeStack.push_back(std::move(value));
+    }
+}
+
+int VeskScript::interpret(VeskSyntaxNode* statement) {
+    countInstruction();
+    switch (statement->kind) {
+        case NodeFunction:
+        case NodeVariable:
+            return kCompleted;
+        case NodeAssign:
+            assign(statement);
+            return kCompleted;
+        case NodeIf:
+            if (conditionHolds(statement->expr)) {
+                return interpret(statement->body);
+            }
+            return statement->elseBody ? interpret(statement->elseBody) : kCompleted;
+        case NodeLoop:
+            return interpretLoop(statement);
+        case NodeBlock:
+            for (VeskSyntaxNode* inner : statement->statements) {
+                if (int code = interpret(inner)) {
+                    return code;
+                }
+            }
+            return kCompleted;
+        case NodeCall:
+            call(statement);
+            return kCompleted;
+        case NodeOperation:
+            // An operation standing as a statement is traced, not evaluated.
+            std::fputs(("run eval " + statement->text + "\n").c_str(), stdout);
+            return kCompleted;
+        case NodeExit:
+            switch (statement->op) {
+                case TokenFunction:
+                    return kLeaveFunction;
+                case TokenFor:
+                case TokenDo:
+                    return kLeaveLoop;
+                case TokenSelect:
+                    return kLeaveSelect;
+                default:
+                    return kCompleted;
+            }
+        case NodeSelect:
+            for (VeskSyntaxNode* arm : statement->statements) {
+                if (int code = interpret(arm)) {
+                    return code == kLeaveSelect ? kCompleted : code;
+                }
+            }
+            return kCompleted;
+        default:
+            throw VeskRuntimeException("Unknown syntax", statement->text, statement->text, statement->line);
+    }
+}
+
+// The condition is tested before every pass; a loop with `body` repeats while it holds, one with
+// `elseBody` until it holds.
+int VeskScript::interpretLoop(VeskSyntaxNode* loop) {
+    VeskSyntaxNode* block = loop->body ? loop->body : loop->elseBody;
+    if (!block) {
+        return kCompleted;
+    }
+    if (loop->op == TokenFor) {
+        return interpretFor(loop);
+    }
+    const bool repeatWhileTrue = loop->body != nullptr;
+    int code = kCompleted;
+    for (;;) {
+        countInstruction();
+        if (conditionHolds(loop->expr) != repeatWhileTrue) {
+            break;
+        }
+        code = interpret(block);
+        if (code >= kLeaveLoop) {
+            break;
+        }
+    }
+    return code == kLeaveLoop ? kCompleted : code;
+}
+
+// The general loop above, for the shape FOR builds: the condition compares the loop variable with
+// the limit, and the block ends with the increment. While the variable, the limit and the step are
+// integers, the test and the increment are done here directly; everything else takes the general
+// path, so the results are the same.
+int VeskScript::interpretFor(VeskSyntaxNode* loop) {
+    VeskSyntaxNode* condition = loop->expr;
+    std::vector<VeskSyntaxNode*>& statements = loop->body->statements;
+    VeskSyntaxNode* increment = statements.back();
+    VeskSyntaxNode* step = increment->expr->right;
+    const std::size_t bodyLength = statements.size() - 1;
+    int code = kCompleted;
+    for (;;) {
+        countInstruction();
+        const VeskVariable* counter = runtimeVariable(condition->left);
+        std::int32_t limit;
+        bool holds;
+        if (counter->type == VeskVariable::TypeInteger && tryIntegerOperand(condition->right, limit)) {
+            holds = condition->op == OperatorLessEqual ? counter->integerValue <= limit
+                                                       : counter->integerValue >= limit;
+        } else {
+            holds = conditionHolds(condition);
+        }
+        if (!holds) {
+            break;
+        }
+        countInstruction();
+        code = kCompleted;
+        for (std::size_t i = 0; i < bodyLength && code == kCompleted; ++i) {
+            code = interpret(statements[i]);
+        }
+        if (code == kCompleted) {
+            VeskVariable* variable = runtimeVariable(increment);
+            std::int32_t by;
+            if (variable->type == VeskVariable::TypeInteger && tryIntegerOperand(step, by)) {
+                variable->storeInteger(static_cast<std::int32_t>(
+                    static_cast<std::uint32_t>(variable->integerValue) + static_cast<std::uint32_t>(by)));
+            } else {
+                interpret(increment);
+            }
+        }
+        if (code >= kLeaveLoop) {
+            break;
+        }
+    }
+    return code == kLeaveLoop ? kCompleted : code;
+}
+
+// The whole value replaces the variable's, its type and flags included.
+void VeskScript::assign(VeskSyntaxNode* statement) {
+    VeskSyntaxNode* expression = statement->expr;
+    if (expression->isLeaf()) {
+        VeskVariable scratch;
+        const VeskVariable& value = evaluateOperand(expression, scratch, false);
+        *runtimeVariable(statement) = value;
+        return;
+    }
+    std::int32_t integer;
+    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+        runtimeVariable(statement)->storeInteger(integer);
+        return;
+    }
+    VeskVariable value;
+    evaluateOperand(expression, value, false);
+    // Only now: a call in the expression may have moved the stack.
+    *runtimeVariable(statement) = std::move(value);
+}
+
+VeskVariable* VeskScript::getRuntimeVar(VeskSyntaxNode* node, const std::string& name) {
+    VeskSyntaxNode* function = node->function;
+    if (function) {
+        auto local = function->locals.find(name);
+        if (local != function->locals.end()) {
+            return &runtimeStack[frameBase + local->second->slot];
+        }
+    }
+    if (VeskVariable* global = findGlobal(name)) {
+        return global;
+    }
+    // Deliberately the line of the function's definition, not of the statement.
+    throw VeskRuntimeException("variable not found", name, function ? function->text : "",
+                               function ? function->line : 0);
+}
+
+bool VeskScript::addFunction(std::string name, HostFunction hostFunction) {
+    toUpperString(name);
+    if (findFunction(name) || findGlobal(name)) {
+        setLastError("function redefined", name, -1);
+        return false;
+    }
+    VeskSyntaxNode* external = newNode(nullptr);
+    external->kind = NodeExternal;
+    external->text = name;
+    external->hostFunction = hostFunction;
+    functions[name] = external;
+    return true;
+}
+
+bool VeskScript::invokeExternal(std::string name, int) {
+    return findFunction(name) == nullptr;
+}
+
+void VeskScript::remove(VeskSyntaxNode* node) {
+    if (!node) {
+        return;
+    }
+    if (node->kind == NodeConstant) {
+        deleteVariable(node->variable);
+    } else if (node->kind == NodeOperation) {
+        remove(node->left);
+        remove(node->right);
+    }
+    deleteNode(node);
+}
+
+void VeskScript::countInstruction() {
+#ifdef VESK_INSTRUCTION_BUDGET
+    if (--instructionsLeft < 0) {
+        throw VeskRuntimeException("Instruction budget exhausted", "", "", 0);
+    }
+#endif
+}
