@@ -34,7 +34,11 @@ class VeskScript {
     // Blocks and call arguments nested deeper than this fail to parse with "Nesting too deep".
     static const int kMaxNesting = 200;
     // A concatenation longer than this fails with "String too long".
+#ifdef VESK_INSTRUCTION_BUDGET
+    static const std::size_t kMaxStringLength = 64 * 1024;  // keeps every fuzz input's run short
+#else
     static const std::size_t kMaxStringLength = 16 * 1024 * 1024;
+#endif
 
     VeskScript();
     ~VeskScript();

@@ -146,7 +146,7 @@ void concatenate(const VeskSyntaxNode* operation, const VeskVariable& left, cons
 void applyOperator(const VeskSyntaxNode* operation, const VeskVariable& left, const VeskVariable& right,
                    VeskVariable& result) {
     const int op = operation->op;
-    std::int32_t integer;
+    std::int32_t integer = 0;
     switch (op) {
         case OperatorOr:
         case OperatorAnd:
