@@ -48,6 +48,9 @@ class VeskScript {
     // Lexer
     bool load(std::string fileName);
     bool parse(std::string text);
+    // Appends the tokens of `text` to the current queue; false (and the last error) when the text
+    // ends inside a string. parse scans into a queue of its own.
+    bool scan(const std::string& text);
     void addToken(int line, std::string word);
     VeskToken& getToken();
     void popToken();

@@ -124,6 +124,10 @@ void VeskScript::applyPendingUnary(std::vector<std::string>& operatorStack,
                                    std::vector<VeskSyntaxNode*>& operands, int& pendingUnary,
                                    VeskSyntaxNode* owner, int line) {
     for (; pendingUnary >= 1 && !operatorStack.empty(); --pendingUnary) {
+        // An empty group such as -() leaves the operator nothing to take.
+        if (operands.empty()) {
+            throw VeskSyntaxException("Syntax error: missing operand for", operatorStack.back(), line);
+        }
         VeskVariable zero;
         zero.setInteger(0);
         VeskSyntaxNode* operand = operands.back();

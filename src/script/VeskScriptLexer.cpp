@@ -93,7 +93,10 @@ bool VeskScript::parse(std::string text) {
         ~SetAsideQueue() { current.swap(saved); }
     } setAside{tokens, {}};
     setAside.saved.swap(tokens);
+    return scan(text) && parseSyntax();
+}
 
+bool VeskScript::scan(const std::string& text) {
     int line = 1;
     int mode = ModeNormal;
     std::string word;
@@ -146,7 +149,7 @@ bool VeskScript::parse(std::string text) {
         setLastError("Unclosed string.", "missing \"", line);
         return false;
     }
-    return parseSyntax();
+    return true;
 }
 
 void VeskScript::addToken(int line, std::string word) {
