@@ -2,8 +2,8 @@
 local function Main()
   local Total, I, J
   Total = 0
-  for I = 1, 4000 do
-    for J = 1, 5000 do
+  for I = 1, 8000 do
+    for J = 1, 6000 do
       Total = (Total + I * J + 7) % 1000003
     end
   end

@@ -17,4 +17,4 @@ Half = function(N)
   return Result
 end
 
-print(Fib(30))
+print(Fib(32))

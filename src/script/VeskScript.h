@@ -138,8 +138,11 @@ class VeskScript {
     bool conditionHolds(VeskSyntaxNode* expression);
     int interpretLoop(VeskSyntaxNode* loop);
     int interpretFor(VeskSyntaxNode* loop);
+    int interpretSelect(VeskSyntaxNode* select);
+    bool caseMatches(VeskSyntaxNode* test, const VeskVariable& selector);
     void assign(VeskSyntaxNode* statement);
     void pushArguments(VeskSyntaxNode* callNode);
+    void pushValue(VeskSyntaxNode* expression);
     // Throws "Stack overflow" when the machine stack has grown past the interpreter's budget.
     void checkStack(VeskSyntaxNode* node) {
         if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < stackLimit) {
@@ -150,6 +153,10 @@ class VeskScript {
     const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
     void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
     bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
+    // A variable's storage or a constant's value, read in place.
+    const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
+        return leaf->kind == NodeVariable ? *runtimeVariable(leaf) : *leaf->variable;
+    }
     // tryIntegerExpression with the leaves, which most operands are, read without a call.
     bool tryIntegerOperand(VeskSyntaxNode* node, std::int32_t& value) {
         const VeskVariable* leaf;

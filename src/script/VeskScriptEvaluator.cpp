@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 #include "script/VeskScript.h"
 
@@ -118,16 +119,6 @@ const std::string& textOf(const VeskVariable& value, std::string& buffer) {
     return buffer;
 }
 
-// = and <> compare texts when either side is a string, else both sides as integers.
-bool valuesEqual(const VeskVariable& left, const VeskVariable& right) {
-    if (left.type == VeskVariable::TypeString || right.type == VeskVariable::TypeString) {
-        std::string leftBuffer;
-        std::string rightBuffer;
-        return textOf(left, leftBuffer) == textOf(right, rightBuffer);
-    }
-    return left.getInteger() == right.getInteger();
-}
-
 void concatenate(const VeskSyntaxNode* operation, const VeskVariable& left, const VeskVariable& right,
                  VeskVariable& result) {
     std::string buffer;
@@ -158,7 +149,7 @@ void applyOperator(const VeskSyntaxNode* operation, const VeskVariable& left, co
             return;
         case OperatorEqual:
         case OperatorNotEqual:
-            result.setInteger(valuesEqual(left, right) == (op == OperatorEqual) ? 1 : 0);
+            result.setInteger(left.equals(right) == (op == OperatorEqual) ? 1 : 0);
             return;
         default:
             break;
@@ -207,9 +198,8 @@ const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariab
     }
     switch (node->kind) {
         case NodeVariable:
-            return *runtimeVariable(node);
         case NodeConstant:
-            return *node->variable;
+            return leafValue(node);
         case NodeOperation:
             evaluateOperation(node, scratch, tryInteger);
             return scratch;
@@ -233,16 +223,20 @@ void VeskScript::evaluateOperation(VeskSyntaxNode* operation, VeskVariable& resu
         }
         tryInteger = false;
     }
-    VeskVariable leftScratch;
-    const VeskVariable* left = &evaluateOperand(operation->left, leftScratch, tryInteger);
+    // Leaves are read in place; only other operands need a value of their own.
+    std::optional<VeskVariable> leftScratch;
+    const VeskVariable* left = operation->left && operation->left->isLeaf()
+                                   ? &leafValue(operation->left)
+                                   : &evaluateOperand(operation->left, leftScratch.emplace(), tryInteger);
     // The right operand may call a function that changes the left variable or moves the stack.
-    if (operation->right && operation->right->hasCall && left != &leftScratch) {
-        leftScratch = *left;
-        left = &leftScratch;
+    if (operation->right && operation->right->hasCall && !leftScratch) {
+        left = &leftScratch.emplace(*left);
     }
-    VeskVariable rightScratch;
-    const VeskVariable& right = evaluateOperand(operation->right, rightScratch, tryInteger);
-    applyOperator(operation, *left, right, result);
+    std::optional<VeskVariable> rightScratch;
+    const VeskVariable* right = operation->right && operation->right->isLeaf()
+                                    ? &leafValue(operation->right)
+                                    : &evaluateOperand(operation->right, rightScratch.emplace(), tryInteger);
+    applyOperator(operation, *left, *right, result);
 }
 
 // The common case without a single VeskVariable temporary: a tree of operations over integer
@@ -278,6 +272,12 @@ bool VeskScript::conditionHolds(VeskSyntaxNode* expression) {
     std::int32_t integer;
     if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
         return integer != 0;
+    }
+    // A CASE arm's test, or any = and <> of two variables or constants, straight from storage.
+    const int op = expression->op;
+    if (expression->kind == NodeOperation && (op == OperatorEqual || op == OperatorNotEqual) &&
+        expression->left->isLeaf() && expression->right->isLeaf()) {
+        return leafValue(expression->left).equals(leafValue(expression->right)) == (op == OperatorEqual);
     }
     VeskVariable scratch;
     return evaluateOperand(expression, scratch, false).getInteger() != 0;

@@ -82,7 +82,9 @@ VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
     }
 
     const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
-    runtimeStack.resize(runtimeStack.size() + pushed);
+    for (std::size_t i = 0; i < pushed; ++i) {
+        runtimeStack.emplace_back();
+    }
     frameBase = runtimeStack.size() - static_cast<std::size_t>(function->localCount);
     for (VeskSyntaxNode* statement : function->statements) {
         if (interpret(statement) > 4) {
@@ -119,7 +121,7 @@ void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
     }
     if (!laterCall) {
         for (VeskSyntaxNode* argument : arguments) {
-            runtimeStack.push_back(evaluate(argument));
+            pushValue(argument);
         }
         return;
     }
@@ -131,6 +133,19 @@ void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
     for (VeskVariable& value : values) {
         runtimeStack.push_back(std::move(value));
     }
+}
+
+void VeskScript::pushValue(VeskSyntaxNode* expression) {
+    if (expression->isLeaf()) {
+        runtimeStack.push_back(leafValue(expression));
+        return;
+    }
+    std::int32_t integer;
+    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+        runtimeStack.emplace_back().storeInteger(integer);
+        return;
+    }
+    runtimeStack.push_back(evaluate(expression));
 }
 
 int VeskScript::interpret(VeskSyntaxNode* statement) {
@@ -176,12 +191,7 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
                     return kCompleted;
             }
         case NodeSelect:
-            for (VeskSyntaxNode* arm : statement->statements) {
-                if (int code = interpret(arm)) {
-                    return code == kLeaveSelect ? kCompleted : code;
-                }
-            }
-            return kCompleted;
+            return interpretSelect(statement);
         default:
             throw VeskRuntimeException("Unknown syntax", statement->text, statement->text, statement->line);
     }
@@ -257,6 +267,38 @@ int VeskScript::interpretFor(VeskSyntaxNode* loop) {
         }
     }
     return code == kLeaveLoop ? kCompleted : code;
+}
+
+// The arms run in order until one returns a code; the implicit EXIT at the end of each arm's block
+// makes a matching arm the last. A selector without calls gives the same value for every comparison,
+// so it is evaluated once and compared with each arm's constants directly.
+int VeskScript::interpretSelect(VeskSyntaxNode* select) {
+    int code = kCompleted;
+    if (select->expr && !select->expr->hasCall) {
+        VeskVariable scratch;
+        const VeskVariable& selector = evaluateOperand(select->expr, scratch, true);
+        for (VeskSyntaxNode* arm : select->statements) {
+            if (caseMatches(arm->expr, selector)) {
+                code = interpret(arm->body);
+                break;
+            }
+        }
+    } else {
+        for (VeskSyntaxNode* arm : select->statements) {
+            if ((code = interpret(arm)) != kCompleted) {
+                break;
+            }
+        }
+    }
+    return code == kLeaveSelect ? kCompleted : code;
+}
+
+// An arm's test is selector = constant, or an OR of such tests.
+bool VeskScript::caseMatches(VeskSyntaxNode* test, const VeskVariable& selector) {
+    if (test->op == OperatorOr) {
+        return caseMatches(test->left, selector) || caseMatches(test->right, selector);
+    }
+    return selector.equals(*test->right->variable);
 }
 
 // The whole value replaces the variable's, its type and flags included.

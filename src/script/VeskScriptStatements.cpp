@@ -255,7 +255,8 @@ int VeskScript::readLoopMode(const char* error) {
 }
 
 // SELECT CASE expression EOL {CASE constant {, constant} EOL block} END SELECT
-// Each arm is an IF on selector = value; the selector is evaluated again for every comparison.
+// Each arm is an IF on selector = value, with a copy of the selector that shares its children; the
+// selector is evaluated again for every comparison.
 void VeskScript::parseSELECT(VeskSyntaxNode* block, VeskSyntaxNode* statement) {
     statement->kind = NodeSelect;
     popToken();
@@ -292,8 +293,8 @@ void VeskScript::parseSELECT(VeskSyntaxNode* block, VeskSyntaxNode* statement) {
             break;
         }
     }
-    // The copies share the selector's children, which therefore stay.
-    deleteNode(selector);
+    // Kept for the interpreter, which evaluates a selector without calls only once.
+    statement->expr = selector;
 }
 
 VeskSyntaxNode* VeskScript::makeCaseTest(VeskSyntaxNode* arm, VeskSyntaxNode* selector,

@@ -24,6 +24,8 @@ class VeskVariable {
     // Strings read their leading number as atof does; undefined is NaN.
     float getFloat() const;
 
+    // The rule of = and <>: the texts when either side is a string, else both as integers.
+    bool equals(const VeskVariable& other) const;
     // The text getString would give, without touching the cache.
     std::string toText() const;
     // Gives this variable the value of a freshly computed integer, flags cleared, as a whole-value
