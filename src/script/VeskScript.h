@@ -136,6 +136,7 @@ class VeskScript {
         return node->variable;
     }
     bool conditionHolds(VeskSyntaxNode* expression);
+    int interpretBlock(VeskSyntaxNode* block);
     int interpretLoop(VeskSyntaxNode* loop);
     int interpretFor(VeskSyntaxNode* loop);
     int interpretSelect(VeskSyntaxNode* select);

@@ -255,8 +255,8 @@ bool VeskScript::tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value)
             checkStack(node);
             std::int32_t left;
             std::int32_t right;
-            return node->left && node->right && tryIntegerOperand(node->left, left) &&
-                   tryIntegerOperand(node->right, right) && integerOperation(node, left, right, value);
+            return tryIntegerOperand(node->left, left) && tryIntegerOperand(node->right, right) &&
+                   integerOperation(node, left, right, value);
         }
         default:
             return false;

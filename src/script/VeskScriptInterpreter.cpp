@@ -42,8 +42,8 @@ VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
 
 // The caller has pushed the arguments and pops them again; the frame is the top localCount entries.
 VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
-    VeskVariable result;
     if (function->kind == NodeExternal) {
+        VeskVariable result;
         function->hostFunction(runtimeStack, result, argumentCount);
         return result;
     }
@@ -93,11 +93,8 @@ VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
     }
     // A function's own name is its return variable. A placeholder that was never defined has none.
     VeskVariable* returned = function->variable ? runtimeVariable(function) : getRuntimeVar(function, name);
-    if (function->frameSlot >= argumentCount) {
-        result = std::move(*returned);
-    } else {
-        result = *returned;
-    }
+    // A return variable in the frame's own part of the stack is about to go: its value can move.
+    VeskVariable result = function->frameSlot >= argumentCount ? std::move(*returned) : *returned;
     runtimeStack.resize(runtimeStack.size() - pushed);
     return result;
 }
@@ -159,18 +156,13 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
             return kCompleted;
         case NodeIf:
             if (conditionHolds(statement->expr)) {
-                return interpret(statement->body);
+                return interpretBlock(statement->body);
             }
-            return statement->elseBody ? interpret(statement->elseBody) : kCompleted;
+            return statement->elseBody ? interpretBlock(statement->elseBody) : kCompleted;
         case NodeLoop:
             return interpretLoop(statement);
         case NodeBlock:
-            for (VeskSyntaxNode* inner : statement->statements) {
-                if (int code = interpret(inner)) {
-                    return code;
-                }
-            }
-            return kCompleted;
+            return interpretBlock(statement);
         case NodeCall:
             call(statement);
             return kCompleted;
@@ -197,6 +189,16 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
     }
 }
 
+// The first statement that does not complete normally ends the block.
+int VeskScript::interpretBlock(VeskSyntaxNode* block) {
+    for (VeskSyntaxNode* statement : block->statements) {
+        if (int code = interpret(statement)) {
+            return code;
+        }
+    }
+    return kCompleted;
+}
+
 // The condition is tested before every pass; a loop with `body` repeats while it holds, one with
 // `elseBody` until it holds.
 int VeskScript::interpretLoop(VeskSyntaxNode* loop) {
@@ -214,7 +216,7 @@ int VeskScript::interpretLoop(VeskSyntaxNode* loop) {
         if (conditionHolds(loop->expr) != repeatWhileTrue) {
             break;
         }
-        code = interpret(block);
+        code = interpretBlock(block);
         if (code >= kLeaveLoop) {
             break;
         }
@@ -279,7 +281,7 @@ int VeskScript::interpretSelect(VeskSyntaxNode* select) {
         const VeskVariable& selector = evaluateOperand(select->expr, scratch, true);
         for (VeskSyntaxNode* arm : select->statements) {
             if (caseMatches(arm->expr, selector)) {
-                code = interpret(arm->body);
+                code = interpretBlock(arm->body);
                 break;
             }
         }
@@ -315,9 +317,14 @@ void VeskScript::assign(VeskSyntaxNode* statement) {
         runtimeVariable(statement)->storeInteger(integer);
         return;
     }
+    // The target is looked up only after the value: a call in the expression may move the stack.
+    if (expression->kind == NodeCall) {
+        VeskVariable value = call(expression);
+        *runtimeVariable(statement) = std::move(value);
+        return;
+    }
     VeskVariable value;
     evaluateOperand(expression, value, false);
-    // Only now: a call in the expression may have moved the stack.
     *runtimeVariable(statement) = std::move(value);
 }
 

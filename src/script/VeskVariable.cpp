@@ -108,13 +108,3 @@ float VeskVariable::getFloat() const {
             return std::numeric_limits<float>::quiet_NaN();
     }
 }
-
-bool VeskVariable::equals(const VeskVariable& other) const {
-    if (type == TypeString && other.type == TypeString) {
-        return stringValue == other.stringValue;
-    }
-    if (type == TypeString || other.type == TypeString) {
-        return toText() == other.toText();
-    }
-    return getInteger() == other.getInteger();
-}

@@ -10,6 +10,25 @@ class VeskVariable {
     enum Type : std::uint8_t { TypeUndefined = 0, TypeInteger = 1, TypeString = 2, TypeFloat = 3 };
 
     VeskVariable() = default;
+    // Numbers carry an empty text, and most values copied are numbers: the text is only touched
+    // when one side has one. Every field is still copied.
+    VeskVariable(const VeskVariable& other) { *this = other; }
+    VeskVariable(VeskVariable&& other) noexcept { *this = std::move(other); }
+    VeskVariable& operator=(const VeskVariable& other) {
+        copyNumbers(other);
+        if (!stringValue.empty() || !other.stringValue.empty()) {
+            stringValue = other.stringValue;
+        }
+        return *this;
+    }
+    VeskVariable& operator=(VeskVariable&& other) noexcept {
+        copyNumbers(other);
+        if (!stringValue.empty() || !other.stringValue.empty()) {
+            stringValue = std::move(other.stringValue);
+        }
+        return *this;
+    }
+    ~VeskVariable() = default;
 
     void setInteger(std::int32_t value);
     void setFloat(float value);
@@ -25,7 +44,16 @@ class VeskVariable {
     float getFloat() const;
 
     // The rule of = and <>: the texts when either side is a string, else both as integers.
-    bool equals(const VeskVariable& other) const;
+    bool equals(const VeskVariable& other) const {
+        if (type == TypeString && other.type == TypeString) {
+            return stringValue == other.stringValue;
+        }
+        if (type != TypeString && other.type != TypeString) {
+            return (type == TypeInteger ? integerValue : getInteger()) ==
+                   (other.type == TypeInteger ? other.integerValue : other.getInteger());
+        }
+        return toText() == other.toText();
+    }
     // The text getString would give, without touching the cache.
     std::string toText() const;
     // Gives this variable the value of a freshly computed integer, flags cleared, as a whole-value
@@ -37,6 +65,17 @@ class VeskVariable {
         integerValue = value;
     }
 
+  private:
+    void copyNumbers(const VeskVariable& other) {
+        type = other.type;
+        isGlobal = other.isGlobal;
+        isConstant = other.isConstant;
+        slot = other.slot;
+        integerValue = other.integerValue;
+        floatValue = other.floatValue;
+    }
+
+  public:
     std::uint8_t type = TypeUndefined;
     std::uint8_t isGlobal = 0;
     std::uint8_t isConstant = 0;
