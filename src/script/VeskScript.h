@@ -31,6 +31,9 @@ class VeskScript {
     // kilobytes of machine stack in a sanitizer build; this depth fits a thread with the default
     // 8 MiB stack in every build.
     static const int kMaxCallDepth = 1000;
+    // A call that would take the runtime stack past this many values fails with "Stack overflow"
+    // too: deep recursion through a function with thousands of locals stays within memory.
+    static const std::size_t kMaxStackValues = 1 << 20;
     // Blocks and call arguments nested deeper than this fail to parse with "Nesting too deep".
     static const int kMaxNesting = 200;
     // A concatenation longer than this fails with "String too long".

@@ -77,11 +77,12 @@ VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
 #endif
     }
     VeskDepthGuard depth(callDepth);
-    if (callDepth > kMaxCallDepth || frameAddress < stackLimit) {
+    const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
+    if (callDepth > kMaxCallDepth || frameAddress < stackLimit ||
+        runtimeStack.size() + pushed > kMaxStackValues) {
         throw VeskRuntimeException("Stack overflow", name, name, 0);
     }
 
-    const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
     for (std::size_t i = 0; i < pushed; ++i) {
         runtimeStack.emplace_back();
     }
