@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Runs each workload of this folder in Vesk (build/vesk) and in Lua 5.4 (lua5.4), checks that both
-# print the same result, and prints the best CPU time of three runs for each and the ratio vesk/Lua.
+# print the same result, and prints the best CPU time of five runs for each and the ratio vesk/Lua.
 #   bench/vesk/run.sh [path/to/vesk]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 vesk=${1:-$here/../../build/vesk}
-runs=3
+runs=5
 
 # Best user+system CPU seconds of $runs runs of the command.
 best_time() {

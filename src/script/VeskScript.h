@@ -4,6 +4,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -130,6 +131,7 @@ class VeskScript {
 
     // Interpreter helpers
     VeskVariable invoke(VeskSyntaxNode* function, int argumentCount);
+    void runFunction(VeskSyntaxNode* function, int argumentCount, VeskVariable& result);
     // The storage a variable reference, an assignment or a function's return variable names in
     // the running frame.
     VeskVariable* runtimeVariable(VeskSyntaxNode* node) {
@@ -156,6 +158,8 @@ class VeskScript {
     [[noreturn]] __attribute__((noinline, cold)) void throwStackOverflow(VeskSyntaxNode* node);
     const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
     void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
+    const VeskVariable& operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
+                                     bool tryInteger);
     bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
     // A variable's storage or a constant's value, read in place.
     const VeskVariable& leafValue(VeskSyntaxNode* leaf) {

@@ -223,20 +223,27 @@ void VeskScript::evaluateOperation(VeskSyntaxNode* operation, VeskVariable& resu
         }
         tryInteger = false;
     }
-    // Leaves are read in place; only other operands need a value of their own.
     std::optional<VeskVariable> leftScratch;
-    const VeskVariable* left = operation->left && operation->left->isLeaf()
-                                   ? &leafValue(operation->left)
-                                   : &evaluateOperand(operation->left, leftScratch.emplace(), tryInteger);
+    const VeskVariable* left = &operandValue(operation->left, leftScratch, tryInteger);
     // The right operand may call a function that changes the left variable or moves the stack.
     if (operation->right && operation->right->hasCall && !leftScratch) {
         left = &leftScratch.emplace(*left);
     }
     std::optional<VeskVariable> rightScratch;
-    const VeskVariable* right = operation->right && operation->right->isLeaf()
-                                    ? &leafValue(operation->right)
-                                    : &evaluateOperand(operation->right, rightScratch.emplace(), tryInteger);
-    applyOperator(operation, *left, *right, result);
+    const VeskVariable& right = operandValue(operation->right, rightScratch, tryInteger);
+    applyOperator(operation, *left, right, result);
+}
+
+// Leaves are read in place; only other operands need a value of their own, made in `scratch`.
+const VeskVariable& VeskScript::operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
+                                             bool tryInteger) {
+    if (node && node->isLeaf()) {
+        return leafValue(node);
+    }
+    if (node && node->kind == NodeCall) {
+        return scratch.emplace(call(node));
+    }
+    return evaluateOperand(node, scratch.emplace(), tryInteger);
 }
 
 // The common case without a single VeskVariable temporary: a tree of operations over integer

@@ -40,13 +40,19 @@ VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
     return invoke(function, argumentCount);
 }
 
-// The caller has pushed the arguments and pops them again; the frame is the top localCount entries.
+// The caller has pushed the arguments and pops them again.
 VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
+    VeskVariable result;
     if (function->kind == NodeExternal) {
-        VeskVariable result;
         function->hostFunction(runtimeStack, result, argumentCount);
-        return result;
+    } else {
+        runFunction(function, argumentCount, result);
     }
+    return result;
+}
+
+// A script function's frame is the top localCount entries of the stack while its body runs.
+void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVariable& result) {
     const std::string& name = function->text;
     if (function->kind != NodeFunction) {
         throw VeskRuntimeException("Not a valid function", name, name, 0);
@@ -95,9 +101,12 @@ VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
     // A function's own name is its return variable. A placeholder that was never defined has none.
     VeskVariable* returned = function->variable ? runtimeVariable(function) : getRuntimeVar(function, name);
     // A return variable in the frame's own part of the stack is about to go: its value can move.
-    VeskVariable result = function->frameSlot >= argumentCount ? std::move(*returned) : *returned;
+    if (function->frameSlot >= argumentCount) {
+        result = std::move(*returned);
+    } else {
+        result = *returned;
+    }
     runtimeStack.resize(runtimeStack.size() - pushed);
-    return result;
 }
 
 VeskVariable VeskScript::call(VeskSyntaxNode* callNode) {
@@ -253,7 +262,13 @@ int VeskScript::interpretFor(VeskSyntaxNode* loop) {
         countInstruction();
         code = kCompleted;
         for (std::size_t i = 0; i < bodyLength && code == kCompleted; ++i) {
-            code = interpret(statements[i]);
+            VeskSyntaxNode* statement = statements[i];
+            if (statement->kind == NodeAssign) {
+                countInstruction();
+                assign(statement);
+            } else {
+                code = interpret(statement);
+            }
         }
         if (code == kCompleted) {
             VeskVariable* variable = runtimeVariable(increment);

@@ -83,10 +83,8 @@ std::string VeskVariable::toText() const {
     }
 }
 
-std::int32_t VeskVariable::getInteger() const {
+std::int32_t VeskVariable::convertedInteger() const {
     switch (type) {
-        case TypeInteger:
-            return integerValue;
         case TypeFloat:
             return truncatedFloat(floatValue);
         case TypeString:

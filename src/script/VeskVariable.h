@@ -39,7 +39,7 @@ class VeskVariable {
     std::string& getString();
     // Floats truncate toward zero (NaN gives 0, values beyond the 32-bit range saturate); strings
     // read their leading number as atoi does; undefined is 0.
-    std::int32_t getInteger() const;
+    std::int32_t getInteger() const { return type == TypeInteger ? integerValue : convertedInteger(); }
     // Strings read their leading number as atof does; undefined is NaN.
     float getFloat() const;
 
@@ -49,8 +49,7 @@ class VeskVariable {
             return stringValue == other.stringValue;
         }
         if (type != TypeString && other.type != TypeString) {
-            return (type == TypeInteger ? integerValue : getInteger()) ==
-                   (other.type == TypeInteger ? other.integerValue : other.getInteger());
+            return getInteger() == other.getInteger();
         }
         return toText() == other.toText();
     }
@@ -63,9 +62,11 @@ class VeskVariable {
         isGlobal = 0;
         isConstant = 0;
         integerValue = value;
+        floatValue = 0.0f;
     }
 
   private:
+    std::int32_t convertedInteger() const;
     void copyNumbers(const VeskVariable& other) {
         type = other.type;
         isGlobal = other.isGlobal;

@@ -210,3 +210,40 @@ TEST(VeskInterpreter, FailedParsesLeaveNothingBehind) {
         EXPECT_FALSE(script.parse(source)) << source;
     }
 }
+
+TEST(VeskInterpreter, NodesThatAreNoStatementOrNoValueAreRefused) {
+    VeskScript script;
+    VeskSyntaxNode block(nullptr);
+    block.kind = NodeBlock;
+    block.text = "BLOCK";
+    block.line = 4;
+    try {
+        script.evaluate(&block);
+        ADD_FAILURE() << "a block evaluated";
+    } catch (const VeskRuntimeException& e) {
+        EXPECT_EQ(e.getError(), "evaluate noneval sentence");
+        EXPECT_EQ(e.getDetail(), "BLOCK");
+        EXPECT_EQ(e.getLine(), 4);
+    }
+    VeskSyntaxNode constant(nullptr);
+    constant.kind = NodeConstant;
+    constant.text = "CONSTANT";
+    try {
+        script.interpret(&constant);
+        ADD_FAILURE() << "a constant ran as a statement";
+    } catch (const VeskRuntimeException& e) {
+        EXPECT_EQ(e.getError(), "Unknown syntax");
+        EXPECT_EQ(e.getFunction(), "CONSTANT");
+    }
+}
+
+TEST(VeskInterpreter, FunctionWithTooManyLocalsIsRefused) {
+    std::string source = "FUNCTION Main\n";
+    for (int i = 0; i < 65536; ++i) {
+        source += "  L" + std::to_string(i) + " = 0\n";
+    }
+    source += "END FUNCTION\n";
+    VeskScript script;
+    EXPECT_FALSE(script.parse(source));
+    EXPECT_EQ(script.getLastError(), "At line 0 : Too many variables : L65535");
+}
