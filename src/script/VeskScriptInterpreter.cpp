@@ -40,8 +40,10 @@ VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
     return invoke(function, argumentCount);
 }
 
-// The caller has pushed the arguments and pops them again.
-VeskVariable VeskScript::invoke(VeskSyntaxNode* function, int argumentCount) {
+// The caller has pushed the arguments and pops them again. Like pushArguments and pushValue, this is
+// on the path of every call and is therefore inlined into its callers.
+__attribute__((always_inline)) inline VeskVariable VeskScript::invoke(VeskSyntaxNode* function,
+                                                                      int argumentCount) {
     VeskVariable result;
     if (function->kind == NodeExternal) {
         function->hostFunction(runtimeStack, result, argumentCount);
@@ -109,18 +111,10 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
     runtimeStack.resize(runtimeStack.size() - pushed);
 }
 
-VeskVariable VeskScript::call(VeskSyntaxNode* callNode) {
-    pushArguments(callNode);
-    const int count = static_cast<int>(callNode->arguments.size());
-    VeskVariable result = invoke(callNode->expr, count);
-    runtimeStack.resize(runtimeStack.size() - static_cast<std::size_t>(count));
-    return result;
-}
-
 // All arguments are evaluated before any is pushed, so that a call inside an argument runs against
 // the stack as the caller left it. Without such a call after the first argument nothing can tell
 // the difference, and each value goes straight onto the stack.
-void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
+__attribute__((always_inline)) inline void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
     std::vector<VeskSyntaxNode*>& arguments = callNode->arguments;
     bool laterCall = false;
     for (std::size_t i = 1; i < arguments.size(); ++i) {
@@ -142,7 +136,7 @@ void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
     }
 }
 
-void VeskScript::pushValue(VeskSyntaxNode* expression) {
+__attribute__((always_inline)) inline void VeskScript::pushValue(VeskSyntaxNode* expression) {
     if (expression->isLeaf()) {
         runtimeStack.push_back(leafValue(expression));
         return;
@@ -153,6 +147,14 @@ void VeskScript::pushValue(VeskSyntaxNode* expression) {
         return;
     }
     runtimeStack.push_back(evaluate(expression));
+}
+
+VeskVariable VeskScript::call(VeskSyntaxNode* callNode) {
+    pushArguments(callNode);
+    const int count = static_cast<int>(callNode->arguments.size());
+    VeskVariable result = invoke(callNode->expr, count);
+    runtimeStack.resize(runtimeStack.size() - static_cast<std::size_t>(count));
+    return result;
 }
 
 int VeskScript::interpret(VeskSyntaxNode* statement) {
