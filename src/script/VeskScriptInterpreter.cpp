@@ -362,37 +362,6 @@ VeskVariable* VeskScript::getRuntimeVar(VeskSyntaxNode* node, const std::string&
                                function ? function->line : 0);
 }
 
-bool VeskScript::addFunction(std::string name, HostFunction hostFunction) {
-    toUpperString(name);
-    if (findFunction(name) || findGlobal(name)) {
-        setLastError("function redefined", name, -1);
-        return false;
-    }
-    VeskSyntaxNode* external = newNode(nullptr);
-    external->kind = NodeExternal;
-    external->text = name;
-    external->hostFunction = hostFunction;
-    functions[name] = external;
-    return true;
-}
-
-bool VeskScript::invokeExternal(std::string name, int) {
-    return findFunction(name) == nullptr;
-}
-
-void VeskScript::remove(VeskSyntaxNode* node) {
-    if (!node) {
-        return;
-    }
-    if (node->kind == NodeConstant) {
-        deleteVariable(node->variable);
-    } else if (node->kind == NodeOperation) {
-        remove(node->left);
-        remove(node->right);
-    }
-    deleteNode(node);
-}
-
 void VeskScript::countInstruction() {
 #ifdef VESK_INSTRUCTION_BUDGET
     if (--instructionsLeft < 0) {
