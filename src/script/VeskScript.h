@@ -141,6 +141,11 @@ class VeskScript {
         return node->variable;
     }
     bool conditionHolds(VeskSyntaxNode* expression);
+    // The rare cases of interpret, kept out of it so that it stays small: it runs every statement.
+    __attribute__((noinline, cold)) void traceOperation(VeskSyntaxNode* operation);
+    [[noreturn]] __attribute__((noinline, cold)) void throwCallFault(const char* error,
+                                                                     VeskSyntaxNode* function);
+    [[noreturn]] __attribute__((noinline, cold)) void throwUnknownSyntax(VeskSyntaxNode* statement);
     int interpretBlock(VeskSyntaxNode* block);
     int interpretLoop(VeskSyntaxNode* loop);
     int interpretFor(VeskSyntaxNode* loop);
@@ -152,10 +157,9 @@ class VeskScript {
     // Throws "Stack overflow" when the machine stack has grown past the interpreter's budget.
     void checkStack(VeskSyntaxNode* node) {
         if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < stackLimit) {
-            throwStackOverflow(node);
+            throwCallFault("Stack overflow", node->function ? node->function : node);
         }
     }
-    [[noreturn]] __attribute__((noinline, cold)) void throwStackOverflow(VeskSyntaxNode* node);
     const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
     void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
     const VeskVariable& operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,

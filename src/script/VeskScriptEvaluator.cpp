@@ -289,8 +289,3 @@ bool VeskScript::conditionHolds(VeskSyntaxNode* expression) {
     VeskVariable scratch;
     return evaluateOperand(expression, scratch, false).getInteger() != 0;
 }
-
-void VeskScript::throwStackOverflow(VeskSyntaxNode* node) {
-    const std::string& function = node->function ? node->function->text : node->text;
-    throw VeskRuntimeException("Stack overflow", function, function, 0);
-}

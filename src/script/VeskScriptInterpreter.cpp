@@ -55,14 +55,13 @@ __attribute__((always_inline)) inline VeskVariable VeskScript::invoke(VeskSyntax
 
 // A script function's frame is the top localCount entries of the stack while its body runs.
 void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVariable& result) {
-    const std::string& name = function->text;
     if (function->kind != NodeFunction) {
-        throw VeskRuntimeException("Not a valid function", name, name, 0);
+        throwCallFault("Not a valid function", function);
     }
     // The bound is the whole frame, not the parameters: surplus arguments land in the return
     // variable and the first locals.
     if (argumentCount > function->localCount) {
-        throw VeskRuntimeException("Too many parameters", name, name, 0);
+        throwCallFault("Too many parameters", function);
     }
     assert(argumentCount >= 0 && static_cast<std::size_t>(argumentCount) <= runtimeStack.size());
 
@@ -88,7 +87,7 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
     const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
     if (callDepth > kMaxCallDepth || frameAddress < stackLimit ||
         runtimeStack.size() + pushed > kMaxStackValues) {
-        throw VeskRuntimeException("Stack overflow", name, name, 0);
+        throwCallFault("Stack overflow", function);
     }
 
     for (std::size_t i = 0; i < pushed; ++i) {
@@ -101,7 +100,8 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
         }
     }
     // A function's own name is its return variable. A placeholder that was never defined has none.
-    VeskVariable* returned = function->variable ? runtimeVariable(function) : getRuntimeVar(function, name);
+    VeskVariable* returned =
+        function->variable ? runtimeVariable(function) : getRuntimeVar(function, function->text);
     // A return variable in the frame's own part of the stack is about to go: its value can move.
     if (function->frameSlot >= argumentCount) {
         result = std::move(*returned);
@@ -179,8 +179,7 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
             call(statement);
             return kCompleted;
         case NodeOperation:
-            // An operation standing as a statement is traced, not evaluated.
-            std::fputs(("run eval " + statement->text + "\n").c_str(), stdout);
+            traceOperation(statement);
             return kCompleted;
         case NodeExit:
             switch (statement->op) {
@@ -197,8 +196,22 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
         case NodeSelect:
             return interpretSelect(statement);
         default:
-            throw VeskRuntimeException("Unknown syntax", statement->text, statement->text, statement->line);
+            throwUnknownSyntax(statement);
     }
+}
+
+// A fault about a call names the function as detail and as the function, with line 0.
+void VeskScript::throwCallFault(const char* error, VeskSyntaxNode* function) {
+    throw VeskRuntimeException(error, function->text, function->text, 0);
+}
+
+// An operation standing as a statement is traced, not evaluated.
+void VeskScript::traceOperation(VeskSyntaxNode* operation) {
+    std::fputs(("run eval " + operation->text + "\n").c_str(), stdout);
+}
+
+void VeskScript::throwUnknownSyntax(VeskSyntaxNode* statement) {
+    throw VeskRuntimeException("Unknown syntax", statement->text, statement->text, statement->line);
 }
 
 // The first statement that does not complete normally ends the block.
