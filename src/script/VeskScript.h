@@ -130,7 +130,8 @@ class VeskScript {
     VeskSyntaxNode* makeOperand(const VeskToken& token, VeskSyntaxNode* owner);
 
     // Interpreter helpers
-    VeskVariable invoke(VeskSyntaxNode* function, int argumentCount);
+    void invoke(VeskSyntaxNode* function, int argumentCount, VeskVariable& result);
+    void callInto(VeskSyntaxNode* callNode, VeskVariable& result);
     void runFunction(VeskSyntaxNode* function, int argumentCount, VeskVariable& result);
     // The storage a variable reference, an assignment or a function's return variable names in
     // the running frame.

@@ -204,7 +204,7 @@ const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariab
             evaluateOperation(node, scratch, tryInteger);
             return scratch;
         case NodeCall:
-            scratch = call(node);
+            callInto(node, scratch);
             return scratch;
         default:
             throw VeskRuntimeException("evaluate noneval sentence", node->text, node->text, node->line);
@@ -241,7 +241,8 @@ const VeskVariable& VeskScript::operandValue(VeskSyntaxNode* node, std::optional
         return leafValue(node);
     }
     if (node && node->kind == NodeCall) {
-        return scratch.emplace(call(node));
+        callInto(node, scratch.emplace());
+        return *scratch;
     }
     return evaluateOperand(node, scratch.emplace(), tryInteger);
 }

@@ -37,20 +37,20 @@ VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
     if (!function) {
         throw VeskRuntimeException("Function not found", name, name, 0);
     }
-    return invoke(function, argumentCount);
+    VeskVariable result;
+    invoke(function, argumentCount, result);
+    return result;
 }
 
-// The caller has pushed the arguments and pops them again. Like pushArguments and pushValue, this is
-// on the path of every call and is therefore inlined into its callers.
-__attribute__((always_inline)) inline VeskVariable VeskScript::invoke(VeskSyntaxNode* function,
-                                                                      int argumentCount) {
-    VeskVariable result;
+// The caller has pushed the arguments and pops them again; `result` is a fresh value. Like
+// pushArguments and pushValue, this is on the path of every call and is inlined into its callers.
+__attribute__((always_inline)) inline void VeskScript::invoke(VeskSyntaxNode* function, int argumentCount,
+                                                              VeskVariable& result) {
     if (function->kind == NodeExternal) {
         function->hostFunction(runtimeStack, result, argumentCount);
     } else {
         runFunction(function, argumentCount, result);
     }
-    return result;
 }
 
 // A script function's frame is the top localCount entries of the stack while its body runs.
@@ -150,11 +150,17 @@ __attribute__((always_inline)) inline void VeskScript::pushValue(VeskSyntaxNode*
 }
 
 VeskVariable VeskScript::call(VeskSyntaxNode* callNode) {
+    VeskVariable result;
+    callInto(callNode, result);
+    return result;
+}
+
+// call, with the value built straight into a fresh `result` the caller owns.
+void VeskScript::callInto(VeskSyntaxNode* callNode, VeskVariable& result) {
     pushArguments(callNode);
     const int count = static_cast<int>(callNode->arguments.size());
-    VeskVariable result = invoke(callNode->expr, count);
+    invoke(callNode->expr, count, result);
     runtimeStack.resize(runtimeStack.size() - static_cast<std::size_t>(count));
-    return result;
 }
 
 int VeskScript::interpret(VeskSyntaxNode* statement) {
@@ -175,9 +181,11 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
             return interpretLoop(statement);
         case NodeBlock:
             return interpretBlock(statement);
-        case NodeCall:
-            call(statement);
+        case NodeCall: {
+            VeskVariable ignored;
+            callInto(statement, ignored);
             return kCompleted;
+        }
         case NodeOperation:
             traceOperation(statement);
             return kCompleted;
@@ -350,7 +358,8 @@ void VeskScript::assign(VeskSyntaxNode* statement) {
     }
     // The target is looked up only after the value: a call in the expression may move the stack.
     if (expression->kind == NodeCall) {
-        VeskVariable value = call(expression);
+        VeskVariable value;
+        callInto(expression, value);
         *runtimeVariable(statement) = std::move(value);
         return;
     }
