@@ -1,0 +1,211 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "script/VeskRuntimeException.h"
+#include "script/VeskSyntaxException.h"
+#include "script/VeskSyntaxNode.h"
+#include "script/VeskTables.h"
+#include "script/VeskToken.h"
+#include "script/VeskVariable.h"
+
+// The Vesk language engine: lexer, statement and expression parsers building one syntax tree per
+// function, and the interpreter that walks those trees over one runtime stack. Faults are thrown
+// inside as VeskSyntaxException or VeskRuntimeException and become a false result and the last
+// error at the edge (load, parse, run, addFunction). One thread at a time may use an engine.
+//
+// The definitions are spread by stage: VeskScriptLexer.cpp, VeskScriptParser.cpp,
+// VeskScriptStatements.cpp, VeskScriptExpression.cpp, VeskScriptInterpreter.cpp and
+// VeskScriptEvaluator.cpp.
+class VeskScript {
+  public:
+    using HostFunction = VeskHostFunction;
+
+    // Script calls nested deeper than this fail with "Stack overflow". A script level costs a few
+    // kilobytes of machine stack in a sanitizer build; this depth fits a thread with the default
+    // 8 MiB stack in every build.
+    static const int kMaxCallDepth = 1000;
+    // A call that would take the runtime stack past this many values fails with "Stack overflow"
+    // too: deep recursion through a function with thousands of locals stays within memory.
+    static const std::size_t kMaxStackValues = 1 << 20;
+    // Blocks and call arguments nested deeper than this fail to parse with "Nesting too deep".
+    static const int kMaxNesting = 200;
+    // A concatenation longer than this fails with "String too long".
+#ifdef VESK_INSTRUCTION_BUDGET
+    static const std::size_t kMaxStringLength = 4 * 1024;  // keeps every fuzz input's run short
+#else
+    static const std::size_t kMaxStringLength = 16 * 1024 * 1024;
+#endif
+
+    VeskScript();
+    ~VeskScript();
+    VeskScript(const VeskScript&) = delete;
+    VeskScript& operator=(const VeskScript&) = delete;
+
+    // Lexer
+    bool load(std::string fileName);
+    bool parse(std::string text);
+    // Appends the tokens of `text` to the current queue; false (and the last error) when the text
+    // ends inside a string. parse scans into a queue of its own.
+    bool scan(const std::string& text);
+    void addToken(int line, std::string word);
+    VeskToken& getToken();
+    void popToken();
+    void pushToken(VeskToken token);
+    static void toUpperString(std::string& text);
+
+    // Statement parser
+    bool parseSyntax();
+    void parseDIM(VeskSyntaxNode* owner);
+    void parseCONST(VeskSyntaxNode* owner);
+    void parseIMPORT();
+    void parseFUNCTION();
+    void parseBody(VeskSyntaxNode* block);
+    void parseCALL(VeskSyntaxNode* call);
+    void endLine();
+    VeskVariable* getVariable(VeskSyntaxNode* owner, const std::string& name, bool create);
+
+    // Expression parser
+    VeskSyntaxNode* parseExpression(VeskSyntaxNode* owner);
+    VeskSyntaxNode* buildOperation(const std::string& op, std::vector<VeskSyntaxNode*>& operands, int line);
+    static int getOperatorPriority(const std::string& op);
+
+    // Interpreter
+    bool run(std::string name);
+    VeskVariable invokeFunction(std::string name, int argumentCount);
+    VeskVariable call(VeskSyntaxNode* callNode);
+    int interpret(VeskSyntaxNode* statement);
+    VeskVariable evaluate(VeskSyntaxNode* expression);
+    VeskVariable* getRuntimeVar(VeskSyntaxNode* node, const std::string& name);
+    std::vector<VeskVariable>& getRuntimeStack();
+    bool addFunction(std::string name, HostFunction function);
+    bool invokeExternal(std::string name, int argumentCount);
+    void remove(VeskSyntaxNode* node);
+
+    // Errors
+    void setLastError(const std::string& error, const std::string& detail, int line);
+    std::string getLastError() const;
+
+    // The function table's and the global table's entry for an upper-case name, or null.
+    VeskSyntaxNode* findFunction(const std::string& name) const;
+    VeskVariable* findGlobal(const std::string& name) const;
+
+  private:
+    VeskSyntaxNode* newNode(VeskSyntaxNode* parent);
+    VeskVariable* newVariable();
+    void deleteNode(VeskSyntaxNode* node);
+    void deleteVariable(VeskVariable* variable);
+
+    // Parser helpers
+    VeskSyntaxNode* newStatement(VeskSyntaxNode* block, const VeskToken& token);
+    VeskSyntaxNode* parseStatement(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    VeskSyntaxNode* parseNameStatement(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseIF(VeskSyntaxNode* statement);
+    void parseFOR(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseWHILE(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseDO(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseSELECT(VeskSyntaxNode* block, VeskSyntaxNode* statement);
+    void parseEXIT(VeskSyntaxNode* statement);
+    VeskSyntaxNode* parseBlock(VeskSyntaxNode* parent);
+    int readLoopMode(const char* error);
+    VeskSyntaxNode* makeCaseTest(VeskSyntaxNode* arm, VeskSyntaxNode* selector, VeskSyntaxNode* select);
+    VeskVariable* newLocal(VeskSyntaxNode* owner, const std::string& name, int line);
+    void bindName(VeskSyntaxNode* node, bool create);
+    void bindVariable(VeskSyntaxNode* node, VeskVariable* variable);
+    void rebindShadowedGlobal(VeskSyntaxNode* function, const std::string& name);
+    VeskSyntaxNode* makeVariableReference(VeskSyntaxNode* parent, const std::string& name);
+    VeskSyntaxNode* makeOperation(VeskSyntaxNode* parent, int op, VeskSyntaxNode* left,
+                                  VeskSyntaxNode* right);
+    VeskSyntaxNode* makeConstant(VeskSyntaxNode* parent, const VeskVariable& value);
+    void applyPendingUnary(std::vector<std::string>& operatorStack, std::vector<VeskSyntaxNode*>& operands,
+                           int& pendingUnary, VeskSyntaxNode* owner, int line);
+    void reduceTop(std::vector<std::string>& operatorStack, std::vector<VeskSyntaxNode*>& operands, int line);
+    VeskSyntaxNode* makeOperand(const VeskToken& token, VeskSyntaxNode* owner);
+
+    // Interpreter helpers
+    void invoke(VeskSyntaxNode* function, int argumentCount, VeskVariable& result);
+    void callInto(VeskSyntaxNode* callNode, VeskVariable& result);
+    void runFunction(VeskSyntaxNode* function, int argumentCount, VeskVariable& result);
+    // The storage a variable reference, an assignment or a function's return variable names in
+    // the running frame.
+    VeskVariable* runtimeVariable(VeskSyntaxNode* node) {
+        if (node->frameSlot >= 0) {
+            return &runtimeStack[frameBase + static_cast<std::size_t>(node->frameSlot)];
+        }
+        return node->variable;
+    }
+    bool conditionHolds(VeskSyntaxNode* expression);
+    // The rare cases of interpret, kept out of it so that it stays small: it runs every statement.
+    __attribute__((noinline, cold)) void traceOperation(VeskSyntaxNode* operation);
+    [[noreturn]] __attribute__((noinline, cold)) void throwCallFault(const char* error,
+                                                                     VeskSyntaxNode* function);
+    [[noreturn]] __attribute__((noinline, cold)) void throwUnknownSyntax(VeskSyntaxNode* statement);
+    int interpretBlock(VeskSyntaxNode* block);
+    int interpretLoop(VeskSyntaxNode* loop);
+    int interpretFor(VeskSyntaxNode* loop);
+    int interpretSelect(VeskSyntaxNode* select);
+    bool caseMatches(VeskSyntaxNode* test, const VeskVariable& selector);
+    void assign(VeskSyntaxNode* statement);
+    void pushArguments(VeskSyntaxNode* callNode);
+    void pushValue(VeskSyntaxNode* expression);
+    // Throws "Stack overflow" when the machine stack has grown past the interpreter's budget.
+    void checkStack(VeskSyntaxNode* node) {
+        if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < stackLimit) {
+            throwCallFault("Stack overflow", node->function ? node->function : node);
+        }
+    }
+    const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
+    void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
+    const VeskVariable& operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
+                                     bool tryInteger);
+    bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
+    // A variable's storage or a constant's value, read in place.
+    const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
+        return leaf->kind == NodeVariable ? *runtimeVariable(leaf) : *leaf->variable;
+    }
+    // tryIntegerExpression with the leaves, which most operands are, read without a call.
+    bool tryIntegerOperand(VeskSyntaxNode* node, std::int32_t& value) {
+        const VeskVariable* leaf;
+        if (node->kind == NodeVariable) {
+            leaf = runtimeVariable(node);
+        } else if (node->kind == NodeConstant) {
+            leaf = node->variable;
+        } else {
+            return tryIntegerExpression(node, value);
+        }
+        value = leaf->integerValue;
+        return leaf->type == VeskVariable::TypeInteger;
+    }
+    void countInstruction();
+
+    std::deque<VeskToken> tokens;
+    std::map<std::string, VeskSyntaxNode*> functions;
+    std::map<std::string, VeskVariable*> globals;
+    std::vector<VeskVariable> runtimeStack;
+    std::string lastError;
+
+    // Every node and variable the engine made, freed on destruction whatever state a failed parse
+    // left the trees in.
+    std::unordered_map<VeskSyntaxNode*, std::unique_ptr<VeskSyntaxNode>> nodes;
+    std::unordered_map<VeskVariable*, std::unique_ptr<VeskVariable>> variables;
+
+    // Files being loaded, outermost first, to refuse an IMPORT cycle.
+    std::vector<std::string> loading;
+    int nesting = 0;
+
+    // The running function's frame starts at this index of runtimeStack.
+    std::size_t frameBase = 0;
+    int callDepth = 0;
+    // Lowest machine-stack address the interpreter may reach; 0 while no script runs.
+    std::uintptr_t stackLimit = 0;
+#ifdef VESK_INSTRUCTION_BUDGET
+    long instructionsLeft = 0;
+#endif
+};

@@ -1,0 +1,292 @@
+// Expression evaluation and the rules of every operator. The left operand's type picks the
+// arithmetic: 1 + 2.7 is the integer 3, 2.7 + 1 the float 3.7, "a" + 1 the string "a1".
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "script/VeskScript.h"
+
+namespace {
+
+[[noreturn]] __attribute__((noinline, cold)) void throwArithmeticFault(const VeskSyntaxNode* operation,
+                                                                       const char* error) {
+    const VeskSyntaxNode* function = operation->function;
+    throw VeskRuntimeException(error, operation->text, function ? function->text : "", operation->line);
+}
+
+// Integer arithmetic wraps in 32 bits. Division and MOD by zero, and the smallest integer divided
+// by -1, are script errors. Returns false for an operator without an integer meaning.
+inline bool integerOperation(const VeskSyntaxNode* operation, std::int32_t left, std::int32_t right,
+                             std::int32_t& result) {
+    const auto wrapped = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
+    const auto l = static_cast<std::uint32_t>(left);
+    const auto r = static_cast<std::uint32_t>(right);
+    switch (operation->op) {
+        case OperatorOr:
+            result = left | right;
+            return true;
+        case OperatorAnd:
+            result = left & right;
+            return true;
+        case OperatorXor:
+            result = left ^ right;
+            return true;
+        case OperatorNot:
+            result = right == 0 ? 1 : 0;
+            return true;
+        case OperatorMod:
+            if (right == 0) {
+                throwArithmeticFault(operation, "Division by zero");
+            }
+            result = right == -1 ? 0 : left % right;
+            return true;
+        case OperatorDivide:
+            if (right == 0 || (right == -1 && left == std::numeric_limits<std::int32_t>::min())) {
+                throwArithmeticFault(operation, "Division by zero");
+            }
+            result = left / right;
+            return true;
+        case OperatorMultiply:
+            result = wrapped(l * r);
+            return true;
+        case OperatorAdd:
+            result = wrapped(l + r);
+            return true;
+        case OperatorSubtract:
+            result = wrapped(l - r);
+            return true;
+        case OperatorGreater:
+            result = left > right;
+            return true;
+        case OperatorGreaterEqual:
+            result = left >= right;
+            return true;
+        case OperatorLess:
+            result = left < right;
+            return true;
+        case OperatorLessEqual:
+            result = left <= right;
+            return true;
+        case OperatorEqual:
+            result = left == right;
+            return true;
+        case OperatorNotEqual:
+            result = left != right;
+            return true;
+        default:
+            return false;
+    }
+}
+
+// Comparisons of floats yield the float 1.0 or 0.0.
+bool floatOperation(int op, float left, float right, float& result) {
+    switch (op) {
+        case OperatorGreater:
+            result = left > right ? 1.0f : 0.0f;
+            return true;
+        case OperatorGreaterEqual:
+            result = left >= right ? 1.0f : 0.0f;
+            return true;
+        case OperatorLess:
+            result = left < right ? 1.0f : 0.0f;
+            return true;
+        case OperatorLessEqual:
+            result = left <= right ? 1.0f : 0.0f;
+            return true;
+        case OperatorMultiply:
+            result = left * right;
+            return true;
+        case OperatorDivide:
+            result = left / right;
+            return true;
+        case OperatorAdd:
+            result = left + right;
+            return true;
+        case OperatorSubtract:
+            result = left - right;
+            return true;
+        default:
+            return false;
+    }
+}
+
+const std::string& textOf(const VeskVariable& value, std::string& buffer) {
+    if (value.type == VeskVariable::TypeString) {
+        return value.stringValue;
+    }
+    buffer = value.toText();
+    return buffer;
+}
+
+void concatenate(const VeskSyntaxNode* operation, const VeskVariable& left, const VeskVariable& right,
+                 VeskVariable& result) {
+    std::string buffer;
+    const std::string& tail = textOf(right, buffer);
+    if (left.stringValue.size() + tail.size() > VeskScript::kMaxStringLength) {
+        throwArithmeticFault(operation, "String too long");
+    }
+    std::string text;
+    text.reserve(left.stringValue.size() + tail.size());
+    text += left.stringValue;
+    text += tail;
+    result.setString(std::move(text));
+}
+
+// The result stays undefined where an operator has no meaning for the left operand's type.
+void applyOperator(const VeskSyntaxNode* operation, const VeskVariable& left, const VeskVariable& right,
+                   VeskVariable& result) {
+    const int op = operation->op;
+    std::int32_t integer = 0;
+    switch (op) {
+        case OperatorOr:
+        case OperatorAnd:
+        case OperatorXor:
+        case OperatorNot:
+        case OperatorMod:
+            integerOperation(operation, left.getInteger(), right.getInteger(), integer);
+            result.setInteger(integer);
+            return;
+        case OperatorEqual:
+        case OperatorNotEqual:
+            result.setInteger(left.equals(right) == (op == OperatorEqual) ? 1 : 0);
+            return;
+        default:
+            break;
+    }
+    switch (left.type) {
+        case VeskVariable::TypeString:
+            if (op == OperatorAdd) {
+                concatenate(operation, left, right, result);
+                return;
+            }
+            [[fallthrough]];
+        case VeskVariable::TypeInteger:
+            if (integerOperation(operation, left.getInteger(), right.getInteger(), integer)) {
+                result.setInteger(integer);
+            }
+            return;
+        case VeskVariable::TypeFloat: {
+            float value;
+            if (floatOperation(op, left.getFloat(), right.getFloat(), value)) {
+                result.setFloat(value);
+            }
+            return;
+        }
+        default:
+            return;
+    }
+}
+
+}  // namespace
+
+VeskVariable VeskScript::evaluate(VeskSyntaxNode* expression) {
+    VeskVariable value;
+    const VeskVariable& result = evaluateOperand(expression, value, true);
+    if (&result != &value) {
+        value = result;
+    }
+    return value;
+}
+
+// Variables and constants are read in place, without a copy; anything else is computed into
+// `scratch`, a fresh value the caller owns.
+const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch,
+                                                bool tryInteger) {
+    if (!node) {
+        return scratch;  // an absent operand is undefined
+    }
+    switch (node->kind) {
+        case NodeVariable:
+        case NodeConstant:
+            return leafValue(node);
+        case NodeOperation:
+            evaluateOperation(node, scratch, tryInteger);
+            return scratch;
+        case NodeCall:
+            callInto(node, scratch);
+            return scratch;
+        default:
+            throw VeskRuntimeException("evaluate noneval sentence", node->text, node->text, node->line);
+    }
+}
+
+// `tryInteger` is false once the integer path has failed for an enclosing tree without calls: its
+// subtrees need not be tried again.
+void VeskScript::evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger) {
+    checkStack(operation);
+    std::int32_t integer;
+    if (tryInteger && !operation->hasCall) {
+        if (tryIntegerExpression(operation, integer)) {
+            result.storeInteger(integer);
+            return;
+        }
+        tryInteger = false;
+    }
+    std::optional<VeskVariable> leftScratch;
+    const VeskVariable* left = &operandValue(operation->left, leftScratch, tryInteger);
+    // The right operand may call a function that changes the left variable or moves the stack.
+    if (operation->right && operation->right->hasCall && !leftScratch) {
+        left = &leftScratch.emplace(*left);
+    }
+    std::optional<VeskVariable> rightScratch;
+    const VeskVariable& right = operandValue(operation->right, rightScratch, tryInteger);
+    applyOperator(operation, *left, right, result);
+}
+
+// Leaves are read in place; only other operands need a value of their own, made in `scratch`.
+const VeskVariable& VeskScript::operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
+                                             bool tryInteger) {
+    if (node && node->isLeaf()) {
+        return leafValue(node);
+    }
+    if (node && node->kind == NodeCall) {
+        callInto(node, scratch.emplace());
+        return *scratch;
+    }
+    return evaluateOperand(node, scratch.emplace(), tryInteger);
+}
+
+// The common case without a single VeskVariable temporary: a tree of operations over integer
+// variables and constants. Reads only, so a false result (some value is not an integer) leaves
+// nothing to undo.
+bool VeskScript::tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value) {
+    const VeskVariable* leaf;
+    switch (node->kind) {
+        case NodeVariable:
+            leaf = runtimeVariable(node);
+            break;
+        case NodeConstant:
+            leaf = node->variable;
+            break;
+        case NodeOperation: {
+            checkStack(node);
+            std::int32_t left;
+            std::int32_t right;
+            return tryIntegerOperand(node->left, left) && tryIntegerOperand(node->right, right) &&
+                   integerOperation(node, left, right, value);
+        }
+        default:
+            return false;
+    }
+    if (leaf->type != VeskVariable::TypeInteger) {
+        return false;
+    }
+    value = leaf->integerValue;
+    return true;
+}
+
+bool VeskScript::conditionHolds(VeskSyntaxNode* expression) {
+    std::int32_t integer;
+    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+        return integer != 0;
+    }
+    // A CASE arm's test, or any = and <> of two variables or constants, straight from storage.
+    const int op = expression->op;
+    if (expression->kind == NodeOperation && (op == OperatorEqual || op == OperatorNotEqual) &&
+        expression->left->isLeaf() && expression->right->isLeaf()) {
+        return leafValue(expression->left).equals(leafValue(expression->right)) == (op == OperatorEqual);
+    }
+    VeskVariable scratch;
+    return evaluateOperand(expression, scratch, false).getInteger() != 0;
+}

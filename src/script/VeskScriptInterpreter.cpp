@@ -1,0 +1,393 @@
+// The interpreter: function calls, statements and the host-function interface.
+
+#include <cassert>
+#include <cstdio>
+
+#include "script/VeskDepthGuard.h"
+#include "script/VeskScript.h"
+
+namespace {
+
+// Completion codes of interpret: how a statement ended.
+const int kCompleted = 0;
+const int kLeaveSelect = 1;
+const int kLeaveLoop = 2;
+const int kLeaveFunction = 5;
+
+// Machine stack the interpreter may use below its outermost call: most of the 8 MiB that the main
+// thread and a thread with default attributes get, with room left for the deepest single script
+// level between two checks.
+const std::uintptr_t kStackBudget = 5 * 1024 * 1024;
+
+}  // namespace
+
+bool VeskScript::run(std::string name) {
+    toUpperString(name);
+    try {
+        invokeFunction(name, 0);
+    } catch (const VeskRuntimeException& e) {
+        setLastError(e.function + ": " + e.error, e.detail, e.line);
+        return false;
+    }
+    return true;
+}
+
+VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
+    VeskSyntaxNode* function = findFunction(name);
+    if (!function) {
+        throw VeskRuntimeException("Function not found", name, name, 0);
+    }
+    VeskVariable result;
+    invoke(function, argumentCount, result);
+    return result;
+}
+
+// The caller has pushed the arguments and pops them again; `result` is a fresh value. Like
+// pushArguments and pushValue, this is on the path of every call and is inlined into its callers.
+__attribute__((always_inline)) inline void VeskScript::invoke(VeskSyntaxNode* function, int argumentCount,
+                                                              VeskVariable& result) {
+    if (function->kind == NodeExternal) {
+        function->hostFunction(runtimeStack, result, argumentCount);
+    } else {
+        runFunction(function, argumentCount, result);
+    }
+}
+
+// A script function's frame is the top localCount entries of the stack while its body runs.
+void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVariable& result) {
+    if (function->kind != NodeFunction) {
+        throwCallFault("Not a valid function", function);
+    }
+    // The bound is the whole frame, not the parameters: surplus arguments land in the return
+    // variable and the first locals.
+    if (argumentCount > function->localCount) {
+        throwCallFault("Too many parameters", function);
+    }
+    assert(argumentCount >= 0 && static_cast<std::size_t>(argumentCount) <= runtimeStack.size());
+
+    // Restores the caller's view however the call ends. A runtime error leaves the pushed values on
+    // the stack, below any later frame, where nothing addresses them.
+    struct CallerState {
+        VeskScript& script;
+        std::size_t frameBase;
+        std::uintptr_t stackLimit;
+        ~CallerState() {
+            script.frameBase = frameBase;
+            script.stackLimit = stackLimit;
+        }
+    } caller{*this, frameBase, stackLimit};
+    auto frameAddress = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    if (callDepth == 0) {
+        stackLimit = frameAddress > kStackBudget ? frameAddress - kStackBudget : 0;
+#ifdef VESK_INSTRUCTION_BUDGET
+        instructionsLeft = VESK_INSTRUCTION_BUDGET;
+#endif
+    }
+    VeskDepthGuard depth(callDepth);
+    const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
+    if (callDepth > kMaxCallDepth || frameAddress < stackLimit ||
+        runtimeStack.size() + pushed > kMaxStackValues) {
+        throwCallFault("Stack overflow", function);
+    }
+
+    for (std::size_t i = 0; i < pushed; ++i) {
+        runtimeStack.emplace_back();
+    }
+    frameBase = runtimeStack.size() - static_cast<std::size_t>(function->localCount);
+    for (VeskSyntaxNode* statement : function->statements) {
+        if (interpret(statement) > 4) {
+            break;
+        }
+    }
+    // A function's own name is its return variable. A placeholder that was never defined has none.
+    VeskVariable* returned =
+        function->variable ? runtimeVariable(function) : getRuntimeVar(function, function->text);
+    // A return variable in the frame's own part of the stack is about to go: its value can move.
+    if (function->frameSlot >= argumentCount) {
+        result = std::move(*returned);
+    } else {
+        result = *returned;
+    }
+    runtimeStack.resize(runtimeStack.size() - pushed);
+}
+
+// All arguments are evaluated before any is pushed, so that a call inside an argument runs against
+// the stack as the caller left it. Without such a call after the first argument nothing can tell
+// the difference, and each value goes straight onto the stack.
+__attribute__((always_inline)) inline void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
+    std::vector<VeskSyntaxNode*>& arguments = callNode->arguments;
+    bool laterCall = false;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        laterCall = laterCall || arguments[i]->hasCall;
+    }
+    if (!laterCall) {
+        for (VeskSyntaxNode* argument : arguments) {
+            pushValue(argument);
+        }
+        return;
+    }
+    std::vector<VeskVariable> values;
+    values.reserve(arguments.size());
+    for (VeskSyntaxNode* argument : arguments) {
+        values.push_back(evaluate(argument));
+    }
+    for (VeskVariable& value : values) {
+        runtimeStack.push_back(std::move(value));
+    }
+}
+
+__attribute__((always_inline)) inline void VeskScript::pushValue(VeskSyntaxNode* expression) {
+    if (expression->isLeaf()) {
+        runtimeStack.push_back(leafValue(expression));
+        return;
+    }
+    std::int32_t integer;
+    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+        runtimeStack.emplace_back().storeInteger(integer);
+        return;
+    }
+    runtimeStack.push_back(evaluate(expression));
+}
+
+VeskVariable VeskScript::call(VeskSyntaxNode* callNode) {
+    VeskVariable result;
+    callInto(callNode, result);
+    return result;
+}
+
+// call, with the value built straight into a fresh `result` the caller owns.
+void VeskScript::callInto(VeskSyntaxNode* callNode, VeskVariable& result) {
+    pushArguments(callNode);
+    const int count = static_cast<int>(callNode->arguments.size());
+    invoke(callNode->expr, count, result);
+    runtimeStack.resize(runtimeStack.size() - static_cast<std::size_t>(count));
+}
+
+int VeskScript::interpret(VeskSyntaxNode* statement) {
+    countInstruction();
+    switch (statement->kind) {
+        case NodeFunction:
+        case NodeVariable:
+            return kCompleted;
+        case NodeAssign:
+            assign(statement);
+            return kCompleted;
+        case NodeIf:
+            if (conditionHolds(statement->expr)) {
+                return interpretBlock(statement->body);
+            }
+            return statement->elseBody ? interpretBlock(statement->elseBody) : kCompleted;
+        case NodeLoop:
+            return interpretLoop(statement);
+        case NodeBlock:
+            return interpretBlock(statement);
+        case NodeCall: {
+            VeskVariable ignored;
+            callInto(statement, ignored);
+            return kCompleted;
+        }
+        case NodeOperation:
+            traceOperation(statement);
+            return kCompleted;
+        case NodeExit:
+            switch (statement->op) {
+                case TokenFunction:
+                    return kLeaveFunction;
+                case TokenFor:
+                case TokenDo:
+                    return kLeaveLoop;
+                case TokenSelect:
+                    return kLeaveSelect;
+                default:
+                    return kCompleted;
+            }
+        case NodeSelect:
+            return interpretSelect(statement);
+        default:
+            throwUnknownSyntax(statement);
+    }
+}
+
+// A fault about a call names the function as detail and as the function, with line 0.
+void VeskScript::throwCallFault(const char* error, VeskSyntaxNode* function) {
+    throw VeskRuntimeException(error, function->text, function->text, 0);
+}
+
+// An operation standing as a statement is traced, not evaluated.
+void VeskScript::traceOperation(VeskSyntaxNode* operation) {
+    std::fputs(("run eval " + operation->text + "\n").c_str(), stdout);
+}
+
+void VeskScript::throwUnknownSyntax(VeskSyntaxNode* statement) {
+    throw VeskRuntimeException("Unknown syntax", statement->text, statement->text, statement->line);
+}
+
+// The first statement that does not complete normally ends the block.
+int VeskScript::interpretBlock(VeskSyntaxNode* block) {
+    for (VeskSyntaxNode* statement : block->statements) {
+        if (int code = interpret(statement)) {
+            return code;
+        }
+    }
+    return kCompleted;
+}
+
+// The condition is tested before every pass; a loop with `body` repeats while it holds, one with
+// `elseBody` until it holds.
+int VeskScript::interpretLoop(VeskSyntaxNode* loop) {
+    VeskSyntaxNode* block = loop->body ? loop->body : loop->elseBody;
+    if (!block) {
+        return kCompleted;
+    }
+    if (loop->op == TokenFor) {
+        return interpretFor(loop);
+    }
+    const bool repeatWhileTrue = loop->body != nullptr;
+    int code = kCompleted;
+    for (;;) {
+        countInstruction();
+        if (conditionHolds(loop->expr) != repeatWhileTrue) {
+            break;
+        }
+        code = interpretBlock(block);
+        if (code >= kLeaveLoop) {
+            break;
+        }
+    }
+    return code == kLeaveLoop ? kCompleted : code;
+}
+
+// The general loop above, for the shape FOR builds: the condition compares the loop variable with
+// the limit, and the block ends with the increment. While the variable, the limit and the step are
+// integers, the test and the increment are done here directly; everything else takes the general
+// path, so the results are the same.
+int VeskScript::interpretFor(VeskSyntaxNode* loop) {
+    VeskSyntaxNode* condition = loop->expr;
+    std::vector<VeskSyntaxNode*>& statements = loop->body->statements;
+    VeskSyntaxNode* increment = statements.back();
+    VeskSyntaxNode* step = increment->expr->right;
+    const std::size_t bodyLength = statements.size() - 1;
+    int code = kCompleted;
+    for (;;) {
+        countInstruction();
+        const VeskVariable* counter = runtimeVariable(condition->left);
+        std::int32_t limit;
+        bool holds;
+        if (counter->type == VeskVariable::TypeInteger && tryIntegerOperand(condition->right, limit)) {
+            holds = condition->op == OperatorLessEqual ? counter->integerValue <= limit
+                                                       : counter->integerValue >= limit;
+        } else {
+            holds = conditionHolds(condition);
+        }
+        if (!holds) {
+            break;
+        }
+        countInstruction();
+        code = kCompleted;
+        for (std::size_t i = 0; i < bodyLength && code == kCompleted; ++i) {
+            VeskSyntaxNode* statement = statements[i];
+            if (statement->kind == NodeAssign) {
+                countInstruction();
+                assign(statement);
+            } else {
+                code = interpret(statement);
+            }
+        }
+        if (code == kCompleted) {
+            VeskVariable* variable = runtimeVariable(increment);
+            std::int32_t by;
+            if (variable->type == VeskVariable::TypeInteger && tryIntegerOperand(step, by)) {
+                variable->storeInteger(static_cast<std::int32_t>(
+                    static_cast<std::uint32_t>(variable->integerValue) + static_cast<std::uint32_t>(by)));
+            } else {
+                interpret(increment);
+            }
+        }
+        if (code >= kLeaveLoop) {
+            break;
+        }
+    }
+    return code == kLeaveLoop ? kCompleted : code;
+}
+
+// The arms run in order until one returns a code; the implicit EXIT at the end of each arm's block
+// makes a matching arm the last. A selector without calls gives the same value for every comparison,
+// so it is evaluated once and compared with each arm's constants directly.
+int VeskScript::interpretSelect(VeskSyntaxNode* select) {
+    int code = kCompleted;
+    if (select->expr && !select->expr->hasCall) {
+        VeskVariable scratch;
+        const VeskVariable& selector = evaluateOperand(select->expr, scratch, true);
+        for (VeskSyntaxNode* arm : select->statements) {
+            if (caseMatches(arm->expr, selector)) {
+                code = interpretBlock(arm->body);
+                break;
+            }
+        }
+    } else {
+        for (VeskSyntaxNode* arm : select->statements) {
+            if ((code = interpret(arm)) != kCompleted) {
+                break;
+            }
+        }
+    }
+    return code == kLeaveSelect ? kCompleted : code;
+}
+
+// An arm's test is selector = constant, or an OR of such tests.
+bool VeskScript::caseMatches(VeskSyntaxNode* test, const VeskVariable& selector) {
+    if (test->op == OperatorOr) {
+        return caseMatches(test->left, selector) || caseMatches(test->right, selector);
+    }
+    return selector.equals(*test->right->variable);
+}
+
+// The whole value replaces the variable's, its type and flags included.
+void VeskScript::assign(VeskSyntaxNode* statement) {
+    VeskSyntaxNode* expression = statement->expr;
+    if (expression->isLeaf()) {
+        VeskVariable scratch;
+        const VeskVariable& value = evaluateOperand(expression, scratch, false);
+        *runtimeVariable(statement) = value;
+        return;
+    }
+    std::int32_t integer;
+    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+        runtimeVariable(statement)->storeInteger(integer);
+        return;
+    }
+    // The target is looked up only after the value: a call in the expression may move the stack.
+    if (expression->kind == NodeCall) {
+        VeskVariable value;
+        callInto(expression, value);
+        *runtimeVariable(statement) = std::move(value);
+        return;
+    }
+    VeskVariable value;
+    evaluateOperand(expression, value, false);
+    *runtimeVariable(statement) = std::move(value);
+}
+
+VeskVariable* VeskScript::getRuntimeVar(VeskSyntaxNode* node, const std::string& name) {
+    VeskSyntaxNode* function = node->function;
+    if (function) {
+        auto local = function->locals.find(name);
+        if (local != function->locals.end()) {
+            return &runtimeStack[frameBase + local->second->slot];
+        }
+    }
+    if (VeskVariable* global = findGlobal(name)) {
+        return global;
+    }
+    // Deliberately the line of the function's definition, not of the statement.
+    throw VeskRuntimeException("variable not found", name, function ? function->text : "",
+                               function ? function->line : 0);
+}
+
+void VeskScript::countInstruction() {
+#ifdef VESK_INSTRUCTION_BUDGET
+    if (--instructionsLeft < 0) {
+        throw VeskRuntimeException("Instruction budget exhausted", "", "", 0);
+    }
+#endif
+}

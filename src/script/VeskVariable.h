@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// One script value. Copies carry every field, the scope and constant flags and the slot included:
+// the interpreter moves whole values around and relies on that.
+class VeskVariable {
+  public:
+    enum Type : std::uint8_t { TypeUndefined = 0, TypeInteger = 1, TypeString = 2, TypeFloat = 3 };
+
+    VeskVariable() = default;
+    // Numbers carry an empty text, and most values copied are numbers: the text is only touched
+    // when one side has one. Every field is still copied.
+    VeskVariable(const VeskVariable& other) { *this = other; }
+    VeskVariable(VeskVariable&& other) noexcept { *this = std::move(other); }
+    VeskVariable& operator=(const VeskVariable& other) {
+        copyNumbers(other);
+        if (!stringValue.empty() || !other.stringValue.empty()) {
+            stringValue = other.stringValue;
+        }
+        return *this;
+    }
+    VeskVariable& operator=(VeskVariable&& other) noexcept {
+        copyNumbers(other);
+        if (!stringValue.empty() || !other.stringValue.empty()) {
+            stringValue = std::move(other.stringValue);
+        }
+        return *this;
+    }
+    ~VeskVariable() = default;
+
+    void setInteger(std::int32_t value);
+    void setFloat(float value);
+    void setString(std::string value);
+
+    // The value as text: "%d" for integers, "%f" for floats, "undefined" when unset. The text is
+    // cached in stringValue, which is why this is not const; the type stays as it was.
+    std::string& getString();
+    // Floats truncate toward zero (NaN gives 0, values beyond the 32-bit range saturate); strings
+    // read their leading number as atoi does; undefined is 0.
+    std::int32_t getInteger() const { return type == TypeInteger ? integerValue : convertedInteger(); }
+    // Strings read their leading number as atof does; undefined is NaN.
+    float getFloat() const;
+
+    // The rule of = and <>: the texts when either side is a string, else both as integers.
+    bool equals(const VeskVariable& other) const {
+        if (type == TypeString && other.type == TypeString) {
+            return stringValue == other.stringValue;
+        }
+        if (type != TypeString && other.type != TypeString) {
+            return getInteger() == other.getInteger();
+        }
+        return toText() == other.toText();
+    }
+    // The text getString would give, without touching the cache.
+    std::string toText() const;
+    // Gives this variable the value of a freshly computed integer, flags cleared, as a whole-value
+    // copy of such a result would.
+    void storeInteger(std::int32_t value) {
+        type = TypeInteger;
+        isGlobal = 0;
+        isConstant = 0;
+        integerValue = value;
+        floatValue = 0.0f;
+    }
+
+  private:
+    std::int32_t convertedInteger() const;
+    void copyNumbers(const VeskVariable& other) {
+        type = other.type;
+        isGlobal = other.isGlobal;
+        isConstant = other.isConstant;
+        slot = other.slot;
+        integerValue = other.integerValue;
+        floatValue = other.floatValue;
+    }
+
+  public:
+    std::uint8_t type = TypeUndefined;
+    std::uint8_t isGlobal = 0;
+    std::uint8_t isConstant = 0;
+    std::uint16_t slot = 0;
+    std::int32_t integerValue = 0;
+    float floatValue = 0.0f;
+    std::string stringValue;
+};
