@@ -3,6 +3,7 @@
 #   build/       the plain build: unit, language and end-to-end tests, benchmarks built
 #   build-asan/  AddressSanitizer + UndefinedBehaviorSanitizer: unit and language tests
 #   build-tsan/  ThreadSanitizer: the tests where the two threads meet
+#   build-fuzz/  clang with libFuzzer: the script engine's fuzz targets, run once over their corpus
 # Exits non-zero on any failure.
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -21,7 +22,13 @@ cmake --build build-asan -j"$jobs"
 cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=Debug -DGREVAN_TSAN=ON >/dev/null
 cmake --build build-tsan --target grevan_tests -j"$jobs"
 
+cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGREVAN_FUZZ=ON -DGREVAN_BENCH=OFF \
+  -DCMAKE_CXX_COMPILER=clang++ >/dev/null
+cmake --build build-fuzz --target vesk_fuzz_parse vesk_fuzz_run -j"$jobs"
+
 status=0
+echo "== Fuzz targets over the seed corpus and the saved crashes"
+tests/fuzz/fuzz.sh regress build-fuzz/tests/fuzz || status=1
 echo "== ThreadSanitizer build"
 ctest --test-dir build-tsan -R "$threaded_tests" --output-on-failure -j"$jobs" || status=1
 echo "== Sanitizer build (AddressSanitizer, UndefinedBehaviorSanitizer)"
