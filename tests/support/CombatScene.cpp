@@ -3,15 +3,8 @@
 using Grevan::Player;
 
 CombatScene::CombatScene() {
-    buffer = create_bitmap(800, 600);
-    game->getMapSystem().setClientWidth(800);
-    game->getMapSystem().setClientHeight(600);
     folder.writeStrip("floor.bmp", 1000, 20, 1);
     folder.writeStrip("wall.bmp", 20, 100, 1);
-}
-
-CombatScene::~CombatScene() {
-    destroy_bitmap(buffer);
 }
 
 void CombatScene::loadLevel(bool withWall) {
@@ -38,22 +31,8 @@ Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
 }
 
 void CombatScene::teleport(Player* p, int x, int y) {
-    game->getBlockSystem().removeObject(p);
+    blocks().removeObject(p);
     p->setX(x);
     p->setY(y);
-    game->getBlockSystem().addObject(p);
-}
-
-void CombatScene::runFrames(int frames) {
-    for (int i = 0; i < frames; i++) {
-        game->playFrame(buffer, 0);
-    }
-}
-
-int CombatScene::countObjects(bool (*isKind)(Grevan::Object*)) {
-    int count = 0;
-    for (Grevan::Object* o : game->getObjectSystem().getObjects()) {
-        count += isKind(o) ? 1 : 0;
-    }
-    return count;
+    blocks().addObject(p);
 }

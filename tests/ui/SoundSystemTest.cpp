@@ -6,9 +6,11 @@
 #include <string>
 
 #include "support/HeadlessGame.h"
+#include "support/TestSupport.h"
 
 using Grevan::Sound;
 using Grevan::SoundSystem;
+using GrevanTest::printedBy;
 
 namespace {
 
@@ -17,52 +19,33 @@ using SoundSystemTest = HeadlessGame;
 const char* const kTableNames[] = {"gun",           "pistol",    "grenade_hitground", "grenade_explode",
                                    "pistol_reload", "gun_reload"};
 
-ALint sourceState(Sound* sound) {
-    ALint state = 0;
-    alGetSourcei(sound->getSource(), AL_SOURCE_STATE, &state);
-    return state;
-}
-
-TEST_F(SoundSystemTest, EveryNameOfTheTableLoadsItsOwnSourceAndPlays) {
+TEST_F(SoundSystemTest, EveryNameOfTheTableHasASourceOfItsOwnThatPlaysAgainFromTheStart) {
     SoundSystem& sounds = game->getSoundSystem();
     ASSERT_TRUE(sounds.hasAudio()) << "tests run with ALSOFT_DRIVERS=null";
     ASSERT_EQ(sounds.getSoundCount(), 6);
+    ALuint previous = 0;
     for (const char* name : kTableNames) {
         Sound* sound = sounds.getSound(name);
         ASSERT_NE(sound, nullptr) << name;
         EXPECT_TRUE(sound->isLoaded()) << name;
-        testing::internal::CaptureStdout();
-        sounds.playSound(name);
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << name;
-        EXPECT_EQ(sourceState(sound), AL_PLAYING) << name;
+        EXPECT_NE(sound->getSource(), previous) << "a shared file still gets a source per name";
+        previous = sound->getSource();
+        EXPECT_EQ(printedBy([&] {
+                      sounds.playSound(name);
+                      sounds.playSound(name);
+                  }),
+                  "")
+            << name;
+        ALint state = 0;
+        alGetSourcei(sound->getSource(), AL_SOURCE_STATE, &state);
+        EXPECT_EQ(state, AL_PLAYING) << name;
     }
-    EXPECT_NE(sounds.getSound("gun_reload")->getSource(), sounds.getSound("pistol_reload")->getSource())
-        << "a shared file still gets a source per name";
-}
-
-TEST_F(SoundSystemTest, PlayingAgainRestartsTheOneSource) {
-    SoundSystem& sounds = game->getSoundSystem();
-    Sound* gun = sounds.getSound("gun");
-    sounds.playSound("gun");
-    sounds.playSound("gun");
-    EXPECT_EQ(sourceState(gun), AL_PLAYING);
-    EXPECT_EQ(sounds.getSound("gun"), gun);
 }
 
 TEST_F(SoundSystemTest, UnknownNamePrintsTheNotFoundLineWithItsLiteralPercentS) {
-    struct Case {
-        const char* name;
-        const char* line;
-    } cases[] = {
-        {"knife", "sound not found: %sknife\n"},
-        {"GUN", "sound not found: %sGUN\n"},
-        {"", "sound not found: %s\n"},
-    };
-    for (const Case& c : cases) {
-        testing::internal::CaptureStdout();
-        game->getSoundSystem().playSound(c.name);
-        fflush(stdout);
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), c.line);
+    for (std::string name : {"knife", "GUN", ""}) {
+        EXPECT_EQ(printedBy([&] { game->getSoundSystem().playSound(name); }),
+                  "sound not found: %s" + name + "\n");
     }
 }
 
@@ -74,8 +57,8 @@ TEST_F(SoundSystemTest, RemovingANameAddedTwiceRemovesOnlyTheFirst) {
     sounds.removeSound("click");
     EXPECT_EQ(sounds.getSound("click"), second);
     sounds.removeSound("click");
-    EXPECT_EQ(sounds.getSound("click"), nullptr);
     sounds.removeSound("click");
+    EXPECT_EQ(sounds.getSound("click"), nullptr);
     EXPECT_EQ(sounds.getSoundCount(), 6);
 }
 
@@ -85,9 +68,7 @@ TEST_F(SoundSystemTest, UnreadableFileKeepsTheNameWithoutASource) {
     Sound* broken = sounds.addSound("broken", "sound/weapons/absent.wav");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "failed to create al buffer.\n");
     EXPECT_FALSE(broken->isLoaded());
-    testing::internal::CaptureStdout();
-    sounds.playSound("broken");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(printedBy([&] { sounds.playSound("broken"); }), "");
 }
 
 // OpenAL reads its driver list once per process, so the silent game runs in a child process of
@@ -97,13 +78,13 @@ bool silentGamePlaysNothing() {
     Grevan::Game silent(Grevan::StartMode::HEADLESS);
     SoundSystem& sounds = silent.getSoundSystem();
     bool quiet = !sounds.hasAudio() && sounds.getSoundCount() == 6;
-    testing::internal::CaptureStdout();
-    for (const char* name : kTableNames) {
-        quiet = quiet && !sounds.getSound(name)->isLoaded();
-        sounds.playSound(name);
-    }
-    fflush(stdout);
-    return quiet && testing::internal::GetCapturedStdout().empty();
+    std::string printed = printedBy([&] {
+        for (const char* name : kTableNames) {
+            quiet = quiet && !sounds.getSound(name)->isLoaded();
+            sounds.playSound(name);
+        }
+    });
+    return quiet && printed.empty();
 }
 
 TEST(SoundSystemSilentDeathTest, WithoutAnAudioDeviceKnownNamesPlayNothing) {

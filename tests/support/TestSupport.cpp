@@ -1,0 +1,57 @@
+#include "support/TestSupport.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace GrevanTest {
+
+namespace {
+
+template <typename Kind>
+Kind* shaped(Kind* o, int x, int y, int width, int height) {
+    o->setX(x);
+    o->setY(y);
+    o->setWidth(width);
+    o->setHeight(height);
+    return o;
+}
+
+}  // namespace
+
+Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable) {
+    Grevan::Object* o = shaped(new Grevan::Object(), x, y, width, height);
+    o->setCollidable(collidable);
+    return o;
+}
+
+Grevan::RealBody* makeBody(int x, int y, int width, int height) {
+    return shaped(new Grevan::RealBody(), x, y, width, height);
+}
+
+int pixelsOf(BITMAP* b, int colour, int left, int top, int right, int bottom) {
+    int count = 0;
+    for (int y = std::max(top, 0); y <= std::min(bottom, b->h - 1); y++) {
+        for (int x = std::max(left, 0); x <= std::min(right, b->w - 1); x++) {
+            count += getpixel(b, x, y) == colour ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+int differingPixels(BITMAP* a, BITMAP* b) {
+    int count = 0;
+    for (int y = 0; y < a->h; y++) {
+        for (int x = 0; x < a->w; x++) {
+            count += getpixel(a, x, y) != getpixel(b, x, y) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+std::string buildOutputPath(const std::string& name) {
+    const std::filesystem::path folder = std::filesystem::path(GREVAN_BINARY_DIR) / "test-output";
+    std::filesystem::create_directories(folder);
+    return (folder / name).string();
+}
+
+}  // namespace GrevanTest

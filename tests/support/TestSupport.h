@@ -1,0 +1,48 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "world/ObjectSystem.h"
+#include "world/RealBody.h"
+
+namespace GrevanTest {
+
+// A plain object (or a rigid body) of the given rectangle, without a picture.
+Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable = true);
+Grevan::RealBody* makeBody(int x, int y, int width, int height);
+
+// The registered objects of one kind, in order of registration.
+template <typename Kind>
+std::vector<Kind*> objectsOf(const Grevan::ObjectSystem& objects) {
+    std::vector<Kind*> found;
+    for (Grevan::Object* o : objects.getObjects()) {
+        if (Kind* k = dynamic_cast<Kind*>(o)) {
+            found.push_back(k);
+        }
+    }
+    return found;
+}
+
+// Everything written to standard output while `body` runs.
+template <typename Body>
+std::string printedBy(Body body) {
+    testing::internal::CaptureStdout();
+    body();
+    fflush(stdout);
+    return testing::internal::GetCapturedStdout();
+}
+
+// Pixels of the colour within the rectangle (edges inclusive, clipped to the bitmap).
+int pixelsOf(BITMAP* b, int colour, int left = 0, int top = 0, int right = INT_MAX, int bottom = INT_MAX);
+// Pixels at which two bitmaps of one size differ.
+int differingPixels(BITMAP* a, BITMAP* b);
+
+// A path under the build folder, for files a person may want to look at.
+std::string buildOutputPath(const std::string& name);
+
+}  // namespace GrevanTest
