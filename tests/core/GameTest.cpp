@@ -2,18 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "core/GameLock.h"
-#include "support/TestSupport.h"
+#include "support/CombatScene.h"
 
 using Grevan::Game;
-using Grevan::StartMode;
+using Grevan::Player;
+using GrevanTest::makeBlock;
 
 namespace {
 
 TEST(Game, HeadlessGameIsTheInstanceAndStartsWithControlLocked) {
-    EXPECT_EQ(Game::getInstance(), nullptr);
     {
-        Game game(StartMode::HEADLESS);
+        Game game(Grevan::StartMode::HEADLESS);
         EXPECT_EQ(Game::getInstance(), &game);
         EXPECT_FALSE(game.canControl());
         game.unlockControl();
@@ -24,7 +26,7 @@ TEST(Game, HeadlessGameIsTheInstanceAndStartsWithControlLocked) {
 }
 
 TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
-    Game game(StartMode::HEADLESS);
+    Game game(Grevan::StartMode::HEADLESS);
     bool started = true;
     EXPECT_EQ(GrevanTest::printedBy([&] { started = game.start(); }),
               "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
@@ -42,13 +44,68 @@ void* countUnderTheLock(void* counter) {
 }
 
 TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
-    Game game(StartMode::HEADLESS);  // creates the lock
+    Game game(Grevan::StartMode::HEADLESS);  // creates the lock
     long counter = 0;
     void* first = Grevan::createThread(&counter, countUnderTheLock);
     void* second = Grevan::createThread(&counter, countUnderTheLock);
     Grevan::joinThread(first);
     Grevan::joinThread(second);
     EXPECT_EQ(counter, 200000);
+}
+
+using GameFrame = CombatScene;
+
+TEST_F(GameFrame, FrameMovesReapsAndWritesOnlyTheFpsLineWithoutAMainPlayer) {
+    loadLevel(false);
+    Grevan::Object* mover = makeBlock(100, 300, 10, 10);
+    mover->setVelocity(Vector(2, 0));
+    Grevan::Object* doomed = makeBlock(200, 300, 10, 10);
+    doomed->die();
+    objects().addObject(mover);
+    objects().addObject(doomed);
+    game->playFrame(buffer, 17);
+    EXPECT_EQ(mover->getX(), 102);
+    EXPECT_EQ(map().getClientX(), 0) << "no main player: the camera stays";
+    // The status line is written over the background with the count after reaping.
+    BITMAP* expected = create_bitmap(800, 10);
+    clear_to_color(expected, makecol(40, 60, 80));
+    textprintf_ex(expected, font, 20, 0, makecol(255, 255, 255), -1, "FPS: %d  Objects: %d", 17, 2);
+    BITMAP* top = create_sub_bitmap(buffer, 0, 0, 800, 10);
+    EXPECT_EQ(GrevanTest::differingPixels(top, expected), 0);
+    destroy_bitmap(top);
+    destroy_bitmap(expected);
+}
+
+TEST_F(GameFrame, TheCameraAndTheScoreLineFollowTheMainPlayer) {
+    loadLevel(false);
+    game->setMainPlayer(addStandingPlayer(900));
+    runFrames(1);
+    EXPECT_GT(GrevanTest::pixelsOf(buffer, makecol(255, 255, 255), 200, 0, 500, 7), 0);
+    EXPECT_EQ(map().getClientX(), 200) << "centred on the player, then held in the level";
+}
+
+TEST_F(GameFrame, AnIdSharedByTwoPlayersFindsTheFirstAdded) {
+    srand(3);
+    Player* first = new Player("first", "soldier");
+    srand(3);
+    Player* second = new Player("second", "soldier");
+    game->addPlayer(first);
+    game->addPlayer(second);
+    EXPECT_EQ(objects().getObjects().back(), second);
+    EXPECT_EQ(game->getPlayer(second->getPlayerId()), first);
+    EXPECT_EQ(game->getPlayer(first->getPlayerId() + 1), nullptr);
+}
+
+TEST_F(GameFrame, LockingControlStopsTheMainPlayerAndLoadingAMapForgetsIt) {
+    loadLevel(false);
+    Player* me = addStandingPlayer(100);
+    me->moveRight(true);
+    game->setMainPlayer(me);
+    game->lockControl();
+    EXPECT_FALSE(me->isMovingRight());
+    loadLevel(true);
+    EXPECT_TRUE(game->getPlayers().empty());
+    EXPECT_EQ(game->getMainPlayer(), nullptr);
 }
 
 }  // namespace

@@ -48,6 +48,15 @@ int differingPixels(BITMAP* a, BITMAP* b) {
     return count;
 }
 
+std::string takeEvent(Grevan::ScriptSystem& scripts) {
+    std::unique_ptr<Grevan::ScriptEvent> e = scripts.takeEvent();
+    if (!e) {
+        return "none";
+    }
+    return e->name + " " + e->text + " " + std::to_string(e->arg1) + " " + std::to_string(e->arg2) + " " +
+           std::to_string(e->arg3);
+}
+
 std::string buildOutputPath(const std::string& name) {
     const std::filesystem::path folder = std::filesystem::path(GREVAN_BINARY_DIR) / "test-output";
     std::filesystem::create_directories(folder);

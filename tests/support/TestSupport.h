@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "scripting/ScriptSystem.h"
 #include "world/ObjectSystem.h"
 #include "world/RealBody.h"
 
@@ -41,6 +42,9 @@ std::string printedBy(Body body) {
 int pixelsOf(BITMAP* b, int colour, int left = 0, int top = 0, int right = INT_MAX, int bottom = INT_MAX);
 // Pixels at which two bitmaps of one size differ.
 int differingPixels(BITMAP* a, BITMAP* b);
+
+// Takes the oldest queued script event and tells it as "name text arg1 arg2 arg3", or "none".
+std::string takeEvent(Grevan::ScriptSystem& scripts);
 
 // A path under the build folder, for files a person may want to look at.
 std::string buildOutputPath(const std::string& name);

@@ -25,6 +25,25 @@ class RecordingObject : public Object {
     std::vector<int> sides;
 };
 
+TEST(Vector, SumSnapsComponentsStrictlyBelowOneTenthToZeroButScalingDoesNot) {
+    struct Case {
+        Vector a, b, sum;
+    } cases[] = {
+        {{0, 0}, {0.05f, 3}, {0, 3}}, {{0, 0}, {-0.1f, 0}, {-0.1f, 0}}, {{1, -2}, {-0.95f, 2.05f}, {0, 0}}};
+    for (const Case& c : cases) {
+        Vector accumulated = c.a;
+        accumulated += c.b;
+        for (Vector v : {c.a + c.b, accumulated}) {
+            EXPECT_FLOAT_EQ(v.x, c.sum.x);
+            EXPECT_FLOAT_EQ(v.y, c.sum.y);
+        }
+    }
+    Vector scaled(0.5f, 0.2f);
+    scaled *= 0.1f;
+    EXPECT_FLOAT_EQ(scaled.x, 0.05f);
+    EXPECT_FLOAT_EQ(Vector(6, 8).getMagnitude(), 10.0f);
+}
+
 TEST(Object, GetXRoundsHalfUpThenTruncatesTowardZero) {
     struct Case {
         float position;
