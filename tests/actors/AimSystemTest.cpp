@@ -2,17 +2,69 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
+#include "actors/FrontSight.h"
 #include "support/CombatScene.h"
 
-using Grevan::Player;
+using Grevan::FrontSight;
 
 namespace {
+
+TEST(FrontSight, KicksWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByTwo) {
+    FrontSight sight;
+    for (int divergence : {35, 65, 65}) {
+        sight.jump(30);
+        EXPECT_EQ(sight.getDivergence(), divergence);
+    }
+    sight.move();
+    EXPECT_EQ(sight.getDivergence(), 63);
+    // From an even divergence the arms close to 4, one below the resting 5.
+    sight.setDivergence(8);
+    for (int i = 0; i < 3; i++) {
+        sight.move();
+    }
+    EXPECT_EQ(sight.getDivergence(), 4);
+}
+
+TEST(FrontSight, KickMomentumTakesTheSecondDrawForXAndTheFirstForY) {
+    for (int strength : {30, 1, 0}) {
+        srand(99);
+        int first = rand();
+        int second = rand();
+        FrontSight sight;
+        srand(99);
+        sight.jump(strength);
+        EXPECT_FLOAT_EQ(sight.getVelocity().x, static_cast<float>(second % (2 * strength + 1) - strength));
+        EXPECT_FLOAT_EQ(sight.getVelocity().y, static_cast<float>(first % (2 * strength + 1) - strength));
+        EXPECT_EQ(sight.getDivergence(), 5 + strength);
+    }
+}
+
+TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne) {
+    struct Case {
+        float vx, vy;
+        bool brakes;
+    } cases[] = {{4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
+    for (const Case& c : cases) {
+        srand(5);
+        int brakeX = rand() % 100;
+        int brakeY = rand() % 100;
+        srand(5);
+        FrontSight sight;
+        sight.setAcceleration(Vector(0.5f, 0.5f));
+        sight.setVelocity(Vector(c.vx, c.vy));
+        sight.move();
+        EXPECT_FLOAT_EQ(sight.getAcceleration().x, c.brakes ? brakeX * -c.vx / 100 : 0.5f) << c.vx;
+        EXPECT_FLOAT_EQ(sight.getAcceleration().y, c.brakes ? brakeY * -c.vy / 100 : 0.5f) << c.vy;
+    }
+}
 
 using AimSystemTest = CombatScene;
 
 TEST_F(AimSystemTest, TheSightSteersTheMouseOnlyStrictlyInsideTheViewWithALiveMainPlayer) {
     loadLevel(false);
-    Player* me = addStandingPlayer(100);
+    Grevan::Player* me = addStandingPlayer(100);
     Grevan::AimSystem& aim = game->getAimSystem();
     struct Case {
         int x, y;
@@ -31,15 +83,22 @@ TEST_F(AimSystemTest, TheSightSteersTheMouseOnlyStrictlyInsideTheViewWithALiveMa
     }
 }
 
-TEST_F(AimSystemTest, TheFrameMovesTheSightAndDrawsIt) {
+TEST_F(AimSystemTest, TheFrameClosesTheArmsAndDrawsThemSixPixelsLongAroundAnEmptyCentre) {
     Grevan::AimSystem& aim = game->getAimSystem();
     aim.setX(400);
     aim.setY(300);
-    aim.jump(30);
-    aim.getSight().setVelocity(Vector());
+    aim.getSight().setDivergence(12);
     runFrames(1);
-    EXPECT_EQ(aim.getSight().getDivergence(), 33) << "the frame closes the arms";
-    EXPECT_EQ(getpixel(buffer, 400 - 33 - 1, 300), makecol(0, 255, 0)) << "and draws them";
+    EXPECT_EQ(aim.getSight().getDivergence(), 10);
+    struct Case {
+        int x, y;
+        bool drawn;
+    } cases[] = {{400, 300, false}, {391, 300, false}, {390, 300, true},  {384, 300, true},
+                 {383, 300, false}, {416, 300, true},  {417, 300, false}, {400, 290, true},
+                 {400, 283, false}, {400, 316, true},  {400, 317, false}, {395, 300, false}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(getpixel(buffer, c.x, c.y) == makecol(0, 255, 0), c.drawn) << c.x << ", " << c.y;
+    }
 }
 
 }  // namespace

@@ -28,6 +28,19 @@ Grevan::RealBody* makeBody(int x, int y, int width, int height) {
     return shaped(new Grevan::RealBody(), x, y, width, height);
 }
 
+Cells cellsHolding(const Grevan::BlockSystem& blocks, Grevan::Object* o) {
+    Cells found;
+    for (unsigned row = 0; row < blocks.getRows(); ++row) {
+        for (unsigned column = 0; column < blocks.getColumns(); ++column) {
+            const std::vector<Grevan::Object*>& cell = blocks.getCell(row, column);
+            if (std::find(cell.begin(), cell.end(), o) != cell.end()) {
+                found.emplace_back(row, column);
+            }
+        }
+    }
+    return found;
+}
+
 int pixelsOf(BITMAP* b, int colour, int left, int top, int right, int bottom) {
     int count = 0;
     for (int y = std::max(top, 0); y <= std::min(bottom, b->h - 1); y++) {

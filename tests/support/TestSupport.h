@@ -5,9 +5,11 @@
 #include <climits>
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "scripting/ScriptSystem.h"
+#include "world/BlockSystem.h"
 #include "world/ObjectSystem.h"
 #include "world/RealBody.h"
 
@@ -16,6 +18,10 @@ namespace GrevanTest {
 // A plain object (or a rigid body) of the given rectangle, without a picture.
 Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable = true);
 Grevan::RealBody* makeBody(int x, int y, int width, int height);
+
+// The cells (row, column) of the block map that hold the object, in row-major order.
+using Cells = std::vector<std::pair<unsigned, unsigned>>;
+Cells cellsHolding(const Grevan::BlockSystem& blocks, Grevan::Object* o);
 
 // The registered objects of one kind, in order of registration.
 template <typename Kind>

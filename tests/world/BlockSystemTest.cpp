@@ -3,55 +3,29 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "support/HeadlessGame.h"
+#include "support/Probe.h"
 #include "support/TestSupport.h"
 
 using Grevan::Object;
-using GrevanTest::makeBlock;
+using GrevanTest::Cells;
 
 namespace {
 
-using Cell = std::pair<unsigned, unsigned>;  // row, column
-
-// Records every object it is offered and reports a collision without moving.
-class Recorder : public Object {
-  public:
-    bool collide(Object* other) override {
-        offered.push_back(other);
-        return true;
-    }
-    std::vector<Object*> offered;
-};
-
 class BlockSystemTest : public HeadlessGame {
   protected:
-    // An object made by the test and freed with it (the block map does not own it), entered.
-    Object* added(Object* o) {
-        owned.emplace_back(o);
-        blocks().addObject(o);
-        return o;
+    // A probe made by the test and freed with it (the block map does not own it), entered.
+    Probe* added(int x, int y, int width, int height, bool collidable = true) {
+        owned.push_back(std::make_unique<Probe>(x, y, width, height, collidable));
+        blocks().addObject(owned.back().get());
+        return owned.back().get();
     }
-
-    std::vector<Cell> cellsHolding(Object* o) {
-        std::vector<Cell> found;
-        for (unsigned row = 0; row < blocks().getRows(); ++row) {
-            for (unsigned column = 0; column < blocks().getColumns(); ++column) {
-                for (Object* entry : blocks().getCell(row, column)) {
-                    if (entry == o) {
-                        found.emplace_back(row, column);
-                    }
-                }
-            }
-        }
-        return found;
-    }
-
+    Cells cellsHolding(Object* o) { return GrevanTest::cellsHolding(blocks(), o); }
     int pixel(int x, int y) { return getpixel(blocks().getBlockMap(), x, y); }
 
-    std::vector<std::unique_ptr<Object>> owned;
+    std::vector<std::unique_ptr<Probe>> owned;
 };
 
 TEST_F(BlockSystemTest, GridHasTwoSpareRowsAndColumns) {
@@ -70,7 +44,7 @@ TEST_F(BlockSystemTest, GridHasTwoSpareRowsAndColumns) {
 TEST_F(BlockSystemTest, ObjectIsEnteredInTheCellsOfItsRangeCountedAsUnsigned) {
     struct Case {
         int x, y, width, height;
-        std::vector<Cell> cells;
+        Cells cells;
     } cases[] = {
         {-150, 10, 50, 10, {{0, 0}}},  // -199 to -1 divide to column 0
         {-250, 10, 150, 10, {}},       // a start of -200 or less walks nothing
@@ -83,24 +57,22 @@ TEST_F(BlockSystemTest, ObjectIsEnteredInTheCellsOfItsRangeCountedAsUnsigned) {
     };
     blocks().initialize(1000, 600);
     for (const Case& c : cases) {
-        Object* o = added(makeBlock(c.x, c.y, c.width, c.height));
+        Object* o = added(c.x, c.y, c.width, c.height);
         EXPECT_EQ(cellsHolding(o), c.cells) << "object at " << c.x << ", " << c.y;
         blocks().removeObject(o);
         EXPECT_TRUE(cellsHolding(o).empty()) << "object at " << c.x << ", " << c.y;
     }
-    EXPECT_TRUE(cellsHolding(added(makeBlock(10, 10, 20, 20, false))).empty()) << "not collidable";
+    EXPECT_TRUE(cellsHolding(added(10, 10, 20, 20, false)).empty()) << "not collidable";
 }
 
 TEST_F(BlockSystemTest, NeighboursAreOfferedOncePerSharedCellInRowColumnAndInsertionOrder) {
     blocks().initialize(1000, 600);
-    Object* rightCell = added(makeBlock(200, 0, 20, 20));
-    Object* bothCells = added(makeBlock(190, 2, 20, 10));
-    Object* leftCell = added(makeBlock(186, 0, 10, 10));
-    added(makeBlock(600, 400, 10, 10));
-    Recorder probe;
-    probe.setX(195);
-    probe.setWidth(10);
-    probe.setHeight(10);
+    Object* rightCell = added(200, 0, 20, 20);
+    Object* bothCells = added(190, 2, 20, 10);
+    Object* leftCell = added(186, 0, 10, 10);
+    added(600, 400, 10, 10);
+    Probe probe(195, 0, 10, 10);
+    probe.onCollide = [](Object*) { return true; };
     EXPECT_TRUE(blocks().checkCollision(&probe));
     EXPECT_EQ(probe.offered, (std::vector<Object*>{bothCells, leftCell, rightCell, bothCells}));
 }
@@ -108,15 +80,15 @@ TEST_F(BlockSystemTest, NeighboursAreOfferedOncePerSharedCellInRowColumnAndInser
 TEST_F(BlockSystemTest, BlockMapHoldsOutlinesOnlyAndRemovalLeavesGaps) {
     blocks().initialize(400, 300);
     const int white = makecol(255, 255, 255);
-    added(makeBlock(10, 10, 20, 10));
-    blocks().removeObject(added(makeBlock(20, 5, 20, 20)));
+    added(10, 10, 20, 10);
+    blocks().removeObject(added(20, 5, 20, 20));
     struct Case {
         int x, y, colour;
     } cases[] = {
-        {10, 10, white}, {29, 19, white},  // a's corners
+        {10, 10, white}, {29, 19, white},  // the corners
         {15, 15, 0},                       // inside: only the outline is drawn
         {30, 10, 0},     {10, 20, 0},      // one past right and bottom
-        {20, 10, 0},     {20, 19, 0},      // where b's outline crossed a's
+        {20, 10, 0},     {20, 19, 0},      // where the removed outline crossed
         {25, 19, white},
     };
     for (const Case& c : cases) {
@@ -125,40 +97,31 @@ TEST_F(BlockSystemTest, BlockMapHoldsOutlinesOnlyAndRemovalLeavesGaps) {
 }
 
 TEST_F(BlockSystemTest, ChangesDuringAQueryAreRefused) {
-    class Meddler : public Object {
-      public:
-        explicit Meddler(Grevan::BlockSystem& blocks) : blocks(blocks) { setWidth(5); }
-        bool collide(Object* other) override {
-            blocks.addObject(newcomer);
-            blocks.removeObject(other);
-            return false;
-        }
-        Grevan::BlockSystem& blocks;
-        Object* newcomer = nullptr;
-    };
     blocks().initialize(400, 300);
-    Object* neighbour = added(makeBlock(0, 0, 20, 20));
-    Meddler meddler(blocks());
-    meddler.newcomer = makeBlock(100, 100, 10, 10);
-    owned.emplace_back(meddler.newcomer);
+    Object* neighbour = added(0, 0, 20, 20);
+    Probe newcomer(100, 100, 10, 10);
+    Probe meddler(0, 0, 5, 5);
+    meddler.onCollide = [&](Object* other) {
+        blocks().addObject(&newcomer);
+        blocks().removeObject(other);
+        return false;
+    };
     EXPECT_EQ(GrevanTest::printedBy([&] { blocks().checkCollision(&meddler); }),
               "You should not addObject while iterating.You should not removeObject while iterating.");
-    EXPECT_TRUE(cellsHolding(meddler.newcomer).empty());
+    EXPECT_TRUE(cellsHolding(&newcomer).empty());
     EXPECT_EQ(cellsHolding(neighbour).size(), 1u);
 }
 
 TEST_F(BlockSystemTest, PointQuerySearchesOnlyThePointsCellWithInclusiveEdges) {
     blocks().initialize(1000, 600);
-    Object* box = added(makeBlock(100, 100, 20, 10));
-    Object* acrossBorder = added(makeBlock(190, 10, 20, 10));
-    Object* nearOrigin = added(makeBlock(-10, 5, 20, 10));
+    Object* box = added(100, 100, 20, 10);
+    Object* acrossBorder = added(190, 10, 20, 10);
+    Object* nearOrigin = added(-10, 5, 20, 10);
     struct Case {
         int x, y;
         Object* found;
-    } cases[] = {
-        {120, 110, box},      {121, 105, nullptr}, {99, 105, nullptr},  {205, 15, acrossBorder},
-        {-5, 10, nearOrigin}, {-205, 10, nullptr}, {5000, 10, nullptr},
-    };
+    } cases[] = {{120, 110, box},      {121, 105, nullptr}, {99, 105, nullptr}, {205, 15, acrossBorder},
+                 {-5, 10, nearOrigin}, {-205, 10, nullptr}, {5000, 10, nullptr}};
     for (const Case& c : cases) {
         EXPECT_EQ(blocks().getObjectByPosition(c.x, c.y), c.found) << c.x << ", " << c.y;
     }
@@ -168,7 +131,7 @@ TEST_F(BlockSystemTest, PointQuerySearchesOnlyThePointsCellWithInclusiveEdges) {
 
 TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
     blocks().initialize(400, 300);
-    added(makeBlock(100, 100, 50, 50));
+    added(100, 100, 50, 50);
     // A character's outline in its own colour, as a character would leave it.
     const int characterColour = makecol(200, 40, 40);
     rect(blocks().getBlockMap(), 200, 50, 239, 89, characterColour);
@@ -196,12 +159,11 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
 }
 
 TEST_F(BlockSystemTest, QueriesFindNothingBeforeTheFirstLevelAndAfterInitializingAgain) {
-    Object* box = added(makeBlock(10, 10, 20, 20));
-    int hitX = 0;
-    int hitY = 0;
+    Object* box = added(10, 10, 20, 20);
+    int hit = 0;
     EXPECT_EQ(blocks().getObjectByPosition(15, 15), nullptr);
     EXPECT_FALSE(blocks().checkCollision(box));
-    EXPECT_FALSE(blocks().checkLineCollision(0, 0, 0, 50, 50, &hitX, &hitY));
+    EXPECT_FALSE(blocks().checkLineCollision(0, 0, 0, 50, 50, &hit, &hit));
     blocks().initialize(400, 300);
     blocks().addObject(box);
     blocks().initialize(400, 300);
