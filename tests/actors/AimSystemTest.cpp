@@ -63,8 +63,6 @@ TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne
 using AimSystemTest = CombatScene;
 
 TEST_F(AimSystemTest, TheSightSteersTheMouseOnlyStrictlyInsideTheViewWithALiveMainPlayer) {
-    loadLevel(false);
-    Grevan::Player* me = addStandingPlayer(100);
     Grevan::AimSystem& aim = game->getAimSystem();
     struct Case {
         int x, y;

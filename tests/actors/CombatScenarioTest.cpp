@@ -11,16 +11,16 @@ using Grevan::Player;
 
 namespace {
 
-// A shooter at x 100 and a target at x 700 on the floor, the wall (when there is one) between.
+// `me` shooting from x 100 at a target and a target at x 700 on the floor, the wall (when there is one)
+// between.
 class CombatScenario : public CombatScene {
   protected:
     void setUpDuel(bool withWall) {
         loadLevel(withWall);
-        shooter = addStandingPlayer(100);
         target = addStandingPlayer(700, "raider");
-        gun = new Grevan::Gun(shooter);
-        shooter->setWeapon(1, gun);
-        shooter->setEquipment(1);
+        gun = new Grevan::Gun(me);
+        me->setWeapon(1, gun);
+        me->setEquipment(1);
         gun->addBullets(90);
         runFrames(101);  // the first magazine is loaded
         ASSERT_EQ(gun->getBulletCurrent(), 30);
@@ -30,11 +30,10 @@ class CombatScenario : public CombatScene {
     // the target that the line meets.
     void shootAtRow(int row) {
         int y = target->getY() + row;
-        shooter->aim(target->getX(), y);
+        me->aim(target->getX(), y);
         ASSERT_TRUE(gun->fire(target->getX(), y));
     }
 
-    Player* shooter = nullptr;
     Player* target = nullptr;
     Grevan::Gun* gun = nullptr;
 };
@@ -82,31 +81,29 @@ TEST_F(CombatScenario, ATopRowKillCreditsAKillAndAHeadShotAndATopRowWoundCredits
         shootAtRow(s.row);
         runFrames(8);
         EXPECT_EQ(target->getHealth(), s.health);
-        EXPECT_EQ(shooter->getKills(), s.kills);
-        EXPECT_EQ(shooter->getHeadshots(), s.headshots);
+        EXPECT_EQ(me->getKills(), s.kills);
+        EXPECT_EQ(me->getHeadshots(), s.headshots);
     }
     EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 1);
 }
 
 TEST_F(CombatScenario, AShotAtTheShootersOwnPictureNeverHitsHim) {
     setUpDuel(false);
-    ASSERT_TRUE(gun->fire(shooter->getX() + 2, shooter->getY() + 2));
+    ASSERT_TRUE(gun->fire(me->getX() + 2, me->getY() + 2));
     runFrames(3);
-    EXPECT_EQ(shooter->getHealth(), 100);
+    EXPECT_EQ(me->getHealth(), 100);
 }
 
 TEST_F(CombatScenario, AThrownGrenadeBouncesSoundsAtMostEveryFiveFramesAndExplodes) {
-    loadLevel(false);
-    Player* thrower = addStandingPlayer(100);
     Player* bystander = addStandingPlayer(200, "raider");
-    Grevan::Grenade* grenades = new Grevan::Grenade(thrower);
-    thrower->setWeapon(3, grenades);
-    thrower->setEquipment(3);
+    Grevan::Grenade* grenades = new Grevan::Grenade(me);
+    me->setWeapon(3, grenades);
+    me->setEquipment(3);
     grenades->addBullets(1);
     runFrames(51);
     ASSERT_EQ(grenades->getBulletCurrent(), 1);
-    // Thrown at the thrower's feet: it leaves his hand, lands on the floor and bounces.
-    thrower->fire(thrower->getCentralX(), thrower->getCentralY() + 100);
+    // Thrown at my feet: it leaves my hand, lands on the floor and bounces.
+    me->fire(me->getCentralX(), me->getCentralY() + 100);
     game->getSoundSystem().removeSound("grenade_hitground");
     game->getSoundSystem().removeSound("grenade_explode");
     std::vector<int> bounceFrames;
@@ -114,7 +111,7 @@ TEST_F(CombatScenario, AThrownGrenadeBouncesSoundsAtMostEveryFiveFramesAndExplod
     time_t start = time(nullptr);
     for (int frame = 0; explosions == 0 && time(nullptr) - start < 3; frame++) {
         std::string printed = GrevanTest::printedBy([&] { runFrames(1); });
-        thrower->holdFire();
+        me->holdFire();
         if (printed.find("grenade_hitground") != std::string::npos) {
             bounceFrames.push_back(frame);
         }
@@ -127,7 +124,7 @@ TEST_F(CombatScenario, AThrownGrenadeBouncesSoundsAtMostEveryFiveFramesAndExplod
         EXPECT_GE(bounceFrames[i] - bounceFrames[i - 1], 5);
     }
     EXPECT_LT(bystander->getHealth(), 100) << "the blast reaches a player nearby";
-    EXPECT_LT(thrower->getHealth(), 100) << "the thrower is not exempt";
+    EXPECT_LT(me->getHealth(), 100) << "the thrower is not exempt";
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include "actors/Blood.h"
 #include "actors/Explosion.h"
-#include "actors/FireStar.h"
 #include "actors/GrenadeThrown.h"
 #include "actors/LaunchVelocity.h"
 #include "support/CombatScene.h"
@@ -55,38 +54,24 @@ TEST_F(ProjectileTest, BloodFliesOnlyBackAlongTheImpulseOrDropsStraight) {
     }
 }
 
-TEST_F(ProjectileTest, AFireStarGrowsForTenFramesAndDies) {
-    Grevan::FireStar star(40, 50);
-    for (int frame = 1; frame <= 10; frame++) {
-        EXPECT_FALSE(star.isDead());
-        star.move();
-    }
-    EXPECT_EQ(star.getRadius(), 11);
-    EXPECT_TRUE(star.isDead());
-}
-
 TEST_F(ProjectileTest, AnExplosionHitsEveryoneInReachOnEachOfItsTenFrames) {
-    loadLevel(false);
-    Player* thrower = addStandingPlayer(100);
     Player* atCentre = addStandingPlayer(300);
     Player* farther = addStandingPlayer(400);
     Player* outOfReach = addStandingPlayer(700);
     ASSERT_EQ(farther->getCentralX() - atCentre->getCentralX(), 100);
-    objects().addObject(new Explosion(thrower, atCentre->getCentralX(), atCentre->getCentralY()));
+    objects().addObject(new Explosion(me, atCentre->getCentralX(), atCentre->getCentralY()));
     runFrames(12);
     EXPECT_EQ(atCentre->getHealth(), 50);
     EXPECT_EQ(farther->getHealth(), 75);
     EXPECT_EQ(outOfReach->getHealth(), 100);
-    EXPECT_EQ(thrower->getKills(), 0);
+    EXPECT_EQ(me->getKills(), 0);
 }
 
 TEST_F(ProjectileTest, AnExplosionKillRaisesOnKillOnThatFrameAndCreditsTheThrowerEvenForHimself) {
-    loadLevel(false);
-    Player* thrower = addStandingPlayer(200);
-    Player* victim = addStandingPlayer(300);
+    Player* victim = addStandingPlayer(200);
     victim->setHealth(20);
-    thrower->setHealth(15);
-    objects().addObject(new Explosion(thrower, victim->getCentralX(), victim->getCentralY()));
+    me->setHealth(15);
+    objects().addObject(new Explosion(me, victim->getCentralX(), victim->getCentralY()));
     int deathFrame = -1;
     for (int frame = 0; frame < 12; frame++) {
         runFrames(1);
@@ -96,15 +81,13 @@ TEST_F(ProjectileTest, AnExplosionKillRaisesOnKillOnThatFrameAndCreditsTheThrowe
         }
     }
     EXPECT_EQ(deathFrame, 3) << "the fourth hit of 5 takes the last of 20";
-    EXPECT_FALSE(thrower->isAlive()) << "100 pixels off: three hits of 5 take 15";
-    EXPECT_EQ(thrower->getKills(), 2);
-    EXPECT_EQ(thrower->getHeadshots(), 0);
+    EXPECT_FALSE(me->isAlive()) << "100 pixels off: three hits of 5 take 15";
+    EXPECT_EQ(me->getKills(), 2);
+    EXPECT_EQ(me->getHeadshots(), 0);
     EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 2);
 }
 
 TEST_F(ProjectileTest, AGrenadeRattlingOnTheGroundSoundsAtMostOnceEveryFiveFrames) {
-    loadLevel(false);
-    Player* thrower = addStandingPlayer(100);
     Player* other = addStandingPlayer(300, "raider");
     Grevan::Object ground;
     struct Case {
@@ -112,7 +95,7 @@ TEST_F(ProjectileTest, AGrenadeRattlingOnTheGroundSoundsAtMostOnceEveryFiveFrame
         int frames, plays;
     } cases[] = {{&ground, 20, 4}, {&ground, 5, 1}, {&ground, 6, 2}, {other, 20, 0}};
     for (const Case& c : cases) {
-        Grevan::GrenadeThrown grenade(thrower, 500, 300, 600, 300, 0);
+        Grevan::GrenadeThrown grenade(me, 500, 300, 600, 300, 0);
         int plays = playsOf("grenade_hitground", [&] {
             for (int frame = 0; frame < c.frames; frame++) {
                 grenade.handleCollision(Grevan::SIDE_BOTTOM, c.landedOn);
@@ -124,13 +107,11 @@ TEST_F(ProjectileTest, AGrenadeRattlingOnTheGroundSoundsAtMostOnceEveryFiveFrame
 }
 
 TEST_F(ProjectileTest, AGrenadePassesPlayersOfItsThrowersColourOnly) {
-    loadLevel(false);
-    Player* thrower = addStandingPlayer(100);
     Player* twin = addStandingPlayer(300);
     Player* other = addStandingPlayer(500, "raider");
-    twin->setColor(thrower->getColor());
-    for (Player* p : {thrower, twin, other}) {
-        Grevan::GrenadeThrown grenade(thrower, p->getCentralX(), p->getCentralY(), 0, 0, 0);
+    twin->setColor(me->getColor());
+    for (Player* p : {me, twin, other}) {
+        Grevan::GrenadeThrown grenade(me, p->getCentralX(), p->getCentralY(), 0, 0, 0);
         EXPECT_EQ(grenade.collide(p), p == other);
     }
 }

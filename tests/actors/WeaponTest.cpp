@@ -17,15 +17,9 @@ namespace {
 
 class WeaponTest : public CombatScene {
   protected:
-    void SetUp() override {
-        loadLevel(false);
-        shooter = addStandingPlayer(100);
-    }
-
     // A weapon of the holder's in the slot, in hand, with a full magazine and `spare` rounds.
     template <typename Kind>
-    Kind* arm(int spare, Player* holder = nullptr, int slot = 1) {
-        holder = holder ? holder : shooter;
+    Kind* arm(Player* holder, int spare, int slot = 1) {
         Kind* w = new Kind(holder);
         holder->setWeapon(slot, w);
         holder->setEquipment(slot);
@@ -40,30 +34,28 @@ class WeaponTest : public CombatScene {
             w->move();
         }
     }
-
-    Player* shooter = nullptr;
 };
 
 TEST_F(WeaponTest, HeldFireShootsOnceEveryFireDelayFrames) {
     for (int fireDelay : {7, 15}) {
-        Weapon* w = fireDelay == 7 ? static_cast<Weapon*>(arm<Gun>(0)) : arm<Pistol>(0);
-        shooter->fire(900, shooter->getY() + 10);
+        Weapon* w = fireDelay == 7 ? static_cast<Weapon*>(arm<Gun>(me, 0)) : arm<Pistol>(me, 0);
+        me->fire(900, me->getY() + 10);
         std::vector<int> shotFrames;
         for (int frame = 0; frame < 3 * fireDelay + 1; frame++) {
             int before = w->getBulletCurrent();
-            shooter->move();
+            me->move();
             if (w->getBulletCurrent() < before) {
                 shotFrames.push_back(frame);
             }
         }
         EXPECT_EQ(shotFrames, (std::vector<int>{0, fireDelay, 2 * fireDelay, 3 * fireDelay}));
-        shooter->holdFire();
+        me->holdFire();
     }
 }
 
 TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) {
-    Gun* gun = new Gun(shooter);
-    shooter->setWeapon(1, gun);
+    Gun* gun = new Gun(me);
+    me->setWeapon(1, gun);
     gun->addBullets(45);
     EXPECT_EQ(gun->getBulletTotal(), 45);
     int plays = playsOf("gun_reload", [&] {
@@ -81,7 +73,7 @@ TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) 
 
 TEST_F(WeaponTest, TheLastRoundStartsAReloadOnlyWhenThereIsAReserve) {
     for (int spare : {0, 1, 50}) {
-        Pistol* pistol = arm<Pistol>(spare);
+        Pistol* pistol = arm<Pistol>(me, spare);
         while (pistol->getBulletCurrent() > 1) {
             pistol->reduceBullet();
         }
@@ -95,16 +87,16 @@ TEST_F(WeaponTest, TheLastRoundStartsAReloadOnlyWhenThereIsAReserve) {
 }
 
 TEST_F(WeaponTest, AGrenadeReloadRestartsWhileTheButtonIsHeld) {
-    Grevan::Grenade* grenade = arm<Grevan::Grenade>(3);
-    shooter->fire(300, 200);
+    Grevan::Grenade* grenade = arm<Grevan::Grenade>(me, 3);
+    me->fire(300, 200);
     for (int frame = 0; frame < 120; frame++) {
-        shooter->move();
+        me->move();
         EXPECT_EQ(grenade->getBulletCurrent(), 0) << "thrown, and held at frame " << frame;
     }
-    shooter->holdFire();
+    me->holdFire();
     int frames = 0;
     while (grenade->getBulletCurrent() == 0 && frames < 100) {
-        shooter->move();
+        me->move();
         frames++;
     }
     // Counted from the last held frame, whose own move started the 50-frame reload.
@@ -112,7 +104,7 @@ TEST_F(WeaponTest, AGrenadeReloadRestartsWhileTheButtonIsHeld) {
 }
 
 TEST_F(WeaponTest, AimAnglesByQuadrant) {
-    Gun gun(shooter);
+    Gun gun(me);
     struct Case {
         int dx, dy, angle;
     } cases[] = {{10, 10, 224}, {10, -10, 32}, {-10, 10, 160}, {-10, -10, 96}, {0, 10, 64},
@@ -124,7 +116,7 @@ TEST_F(WeaponTest, AimAnglesByQuadrant) {
 }
 
 TEST_F(WeaponTest, PointingIntoTheLeftHalfDrawsMirrored) {
-    Gun gun(shooter);
+    Gun gun(me);
     BITMAP* picture = gun.getImage();
     ASSERT_NE(picture, nullptr);
     BITMAP* expected = create_bitmap(buffer->w, buffer->h);
@@ -146,16 +138,16 @@ TEST_F(WeaponTest, PointingIntoTheLeftHalfDrawsMirrored) {
 }
 
 TEST_F(WeaponTest, OnlyTheMainPlayersWeaponInHandKicksTheSight) {
-    game->setMainPlayer(shooter);
-    Gun* theirs = arm<Gun>(0, addStandingPlayer(300, "raider"));
-    Gun* mine = arm<Gun>(0);
-    Pistol* pistol = arm<Pistol>(0, shooter, 2);
+    game->setMainPlayer(me);
+    Gun* theirs = arm<Gun>(addStandingPlayer(300, "raider"), 0);
+    Gun* mine = arm<Gun>(me, 0);
+    Pistol* pistol = arm<Pistol>(me, 0, 2);
     struct Case {
         Weapon* weapon;
         int inHand, divergence;
     } cases[] = {{theirs, 1, 5}, {pistol, 1, 5}, {mine, 1, 35}, {pistol, 2, 25}};
     for (const Case& c : cases) {
-        shooter->setEquipment(c.inHand);
+        me->setEquipment(c.inHand);
         runUntilReady(c.weapon);
         game->getAimSystem().getSight().setDivergence(5);
         EXPECT_TRUE(c.weapon->fire(900, 300));
@@ -164,21 +156,22 @@ TEST_F(WeaponTest, OnlyTheMainPlayersWeaponInHandKicksTheSight) {
 }
 
 TEST_F(WeaponTest, ShotsLeaveHalfThePictureWidthFromTheCentreOrTheCentreWithoutAPicture) {
-    std::string walk = folder.writeStrip("bare/walk.bmp", 20, 40, 1);
-    folder.writeFile("bare/config.dat", "1\n0 0 1 " + walk + " 1\n0 0 20 40\n");
-    Player* bare = new Player("bare", folder.reachFrom("image/role", "bare"));
-    bare->setPosition(Vector(300, 200));
-    objects().addObject(bare);
+    Player* bare = nullptr;  // of a role that does not exist, so its weapons have no pictures
     Gun* pictureless = nullptr;
-    EXPECT_NE(GrevanTest::printedBy([&] { pictureless = arm<Gun>(0, bare); }).find("Failed to load bitmap"),
-              std::string::npos);
-    Gun* gun = arm<Gun>(0);
+    std::string printed = GrevanTest::printedBy([&] {
+        bare = new Player("bare", "nobody");
+        bare->setPosition(Vector(300, 200));
+        objects().addObject(bare);
+        pictureless = arm<Gun>(bare, 0);
+    });
+    EXPECT_NE(printed.find("Failed to load bitmap image/role/nobody/gun.bmp"), std::string::npos) << printed;
+    Gun* gun = arm<Gun>(me, 0);
     ASSERT_EQ(gun->getWidth(), 32);
     struct Case {
         Player* holder;
         Gun* weapon;
         int offset;  // pixels from the centre, towards the target
-    } cases[] = {{shooter, gun, 16}, {bare, pictureless, 0}};
+    } cases[] = {{me, gun, 16}, {bare, pictureless, 0}};
     for (const Case& c : cases) {
         int cx = c.holder->getCentralX();
         int cy = c.holder->getCentralY();

@@ -2,20 +2,19 @@
 
 using Grevan::Player;
 
-CombatScene::CombatScene() {
+void CombatScene::SetUp() {
     folder.writeStrip("floor.bmp", 1000, 20, 1);
     folder.writeStrip("wall.bmp", 20, 100, 1);
+    loadLevel(false);
 }
 
 void CombatScene::loadLevel(bool withWall) {
-    std::string floor = folder.reachFrom("image/object", "floor.bmp");
-    std::string wall = folder.reachFrom("image/object", "wall.bmp");
-    std::string map = "0 1000 400 40 60 80 " + std::string(withWall ? "2" : "1") + "\n" + floor + " 0 0 0 " +
-                      std::to_string(kFloorTop) + " 0 0 0 0\n";
-    if (withWall) {
-        map += wall + " 0 0 " + std::to_string(kWallLeft) + " " + std::to_string(kWallTop) + " 0 0 0 0\n";
-    }
+    std::string map = "0 1000 400 40 60 80 " + std::to_string(withWall ? 2 : 1) + " " +
+                      folder.reachFrom("image/object", "floor.bmp") + " 0 0 0 " + std::to_string(kFloorTop) +
+                      " 0 0 0 0 " + folder.reachFrom("image/object", "wall.bmp") + " 0 0 " +
+                      std::to_string(kWallLeft) + " " + std::to_string(kWallTop) + " 0 0 0 0";
     game->loadMap(folder.writeFile("level.map", map).c_str());
+    me = addStandingPlayer(100);
 }
 
 Player* CombatScene::addStandingPlayer(int x, const std::string& role) {

@@ -8,15 +8,17 @@
 #include "support/TestSupport.h"
 
 // A headless game for combat tests on a level 1000 x 400 whose floor's top is at y 380,
-// optionally with a wall 20 wide and 100 high standing on the floor at x 500.
+// optionally with a wall 20 wide and 100 high standing on the floor at x 500, and `me`, a
+// soldier standing on the floor at x 100. Each test starts on the level without the wall.
 class CombatScene : public HeadlessGame {
   protected:
     static constexpr int kFloorTop = 380;
     static constexpr int kWallLeft = 500;
     static constexpr int kWallTop = 280;
 
-    CombatScene();
+    void SetUp() override;
 
+    // Loads the level afresh, with a new `me`.
     void loadLevel(bool withWall);
     // A player of the role added to the game with its left side at x, standing on the floor.
     Grevan::Player* addStandingPlayer(int x, const std::string& role = "soldier");
@@ -37,4 +39,5 @@ class CombatScene : public HeadlessGame {
     }
 
     TestFolder folder;
+    Grevan::Player* me = nullptr;
 };
