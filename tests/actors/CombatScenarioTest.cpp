@@ -11,8 +11,7 @@ using Grevan::Player;
 
 namespace {
 
-// `me` shooting from x 100 at a target and a target at x 700 on the floor, the wall (when there is one)
-// between.
+// `me` with a loaded gun at x 100 and a target at x 700 on the floor, the wall (if any) between.
 class CombatScenario : public CombatScene {
   protected:
     void setUpDuel(bool withWall) {

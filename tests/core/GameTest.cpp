@@ -13,18 +13,6 @@ using GrevanTest::makeBlock;
 
 namespace {
 
-TEST(Game, HeadlessGameIsTheInstanceAndStartsWithControlLocked) {
-    {
-        Game game(Grevan::StartMode::HEADLESS);
-        EXPECT_EQ(Game::getInstance(), &game);
-        EXPECT_FALSE(game.canControl());
-        game.unlockControl();
-        game.lockControl();  // no main player: it only clears the flag
-        EXPECT_FALSE(game.canControl());
-    }
-    EXPECT_EQ(Game::getInstance(), nullptr);
-}
-
 TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
     Game game(Grevan::StartMode::HEADLESS);
     bool started = true;
@@ -95,7 +83,12 @@ TEST_F(GameFrame, AnIdSharedByTwoPlayersFindsTheFirstAdded) {
 }
 
 TEST_F(GameFrame, LockingControlStopsTheMainPlayerAndLoadingAMapForgetsIt) {
+    EXPECT_FALSE(game->canControl()) << "until the script unlocks it";
+    game->unlockControl();
     me->moveRight(true);
+    game->lockControl();
+    EXPECT_FALSE(game->canControl());
+    EXPECT_TRUE(me->isMovingRight()) << "without a main player it only clears the flag";
     game->setMainPlayer(me);
     game->lockControl();
     EXPECT_FALSE(me->isMovingRight());

@@ -41,7 +41,7 @@ TEST_F(ScreenTest, NothingReachesTheScreenBeforeAFadeInAndFlipWritesTheFirstPage
     EXPECT_EQ(shown(), 0);
 }
 
-TEST_F(ScreenTest, FadeInTakesFiftyTwoFramesFromBlackToThePicture) {
+TEST_F(ScreenTest, FadesTakeFiftyTwoFramesAndAFadeOutFreezesTheDarkFrameUntilTheNextFadeIn) {
     screen.fadeIn();
     frames(1);
     EXPECT_EQ(shown(), 0) << "the first frame is covered at alpha 255";
@@ -52,11 +52,6 @@ TEST_F(ScreenTest, FadeInTakesFiftyTwoFramesFromBlackToThePicture) {
     frames(1);  // the 52nd frame is drawn at alpha 0
     EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_SHOWN);
     EXPECT_EQ(shown(), kWhite);
-}
-
-TEST_F(ScreenTest, FadeOutFreezesTheDarkFrameUntilTheNextFadeIn) {
-    screen.fadeIn();
-    frames(52);
     screen.fadeOut();
     frames(1);
     EXPECT_EQ(shown(), kWhite) << "the first fade-out frame is drawn at alpha 0";

@@ -1,6 +1,7 @@
 #include "support/TestSupport.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 
 namespace GrevanTest {
@@ -26,6 +27,14 @@ Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable) 
 
 Grevan::RealBody* makeBody(int x, int y, int width, int height) {
     return shaped(new Grevan::RealBody(), x, y, width, height);
+}
+
+testing::AssertionResult isNear(const Vector& v, const Vector& expected) {
+    if (std::fabs(v.x - expected.x) < 1e-4f && std::fabs(v.y - expected.y) < 1e-4f) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure()
+           << "(" << v.x << ", " << v.y << ") is not (" << expected.x << ", " << expected.y << ")";
 }
 
 Cells cellsHolding(const Grevan::BlockSystem& blocks, Grevan::Object* o) {

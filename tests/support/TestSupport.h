@@ -19,6 +19,9 @@ namespace GrevanTest {
 Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable = true);
 Grevan::RealBody* makeBody(int x, int y, int width, int height);
 
+// Whether both components of the vector are within 1e-4 of the expected ones.
+testing::AssertionResult isNear(const Vector& v, const Vector& expected);
+
 // The cells (row, column) of the block map that hold the object, in row-major order.
 using Cells = std::vector<std::pair<unsigned, unsigned>>;
 Cells cellsHolding(const Grevan::BlockSystem& blocks, Grevan::Object* o);
