@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <tuple>
 
 #include "actors/FrontSight.h"
 #include "support/CombatScene.h"
@@ -29,13 +29,10 @@ TEST(FrontSight, KicksWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByTwo) {
 
 TEST(FrontSight, KickMomentumTakesTheSecondDrawForXAndTheFirstForY) {
     for (int strength : {30, 1, 0}) {
-        srand(99);
-        int first = rand();
-        int second = rand();
         FrontSight sight;
-        srand(99);
+        std::vector<int> draws = GrevanTest::upcomingRandoms(99, 2);
         sight.jump(strength);
-        Vector kick(second % (2 * strength + 1) - strength, first % (2 * strength + 1) - strength);
+        Vector kick(draws[1] % (2 * strength + 1) - strength, draws[0] % (2 * strength + 1) - strength);
         EXPECT_TRUE(GrevanTest::isNear(sight.getVelocity(), kick)) << strength;
         EXPECT_EQ(sight.getDivergence(), 5 + strength);
     }
@@ -47,15 +44,13 @@ TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne
         bool brakes;
     } cases[] = {{4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
     for (const Case& c : cases) {
-        srand(5);
-        int brakeX = rand() % 100;
-        int brakeY = rand() % 100;
-        srand(5);
         FrontSight sight;
         sight.setAcceleration(Vector(0.5f, 0.5f));
         sight.setVelocity(Vector(c.vx, c.vy));
+        std::vector<int> draws = GrevanTest::upcomingRandoms(5, 2);
         sight.move();
-        Vector brake = c.brakes ? Vector(brakeX * -c.vx / 100, brakeY * -c.vy / 100) : Vector(0.5f, 0.5f);
+        Vector brake = c.brakes ? Vector(draws[0] % 100 * -c.vx / 100, draws[1] % 100 * -c.vy / 100)
+                                : Vector(0.5f, 0.5f);
         EXPECT_TRUE(GrevanTest::isNear(sight.getAcceleration(), brake)) << c.vx << ", " << c.vy;
     }
 }
@@ -64,20 +59,17 @@ using AimSystemTest = CombatScene;
 
 TEST_F(AimSystemTest, TheSightSteersTheMouseOnlyStrictlyInsideTheViewWithALiveMainPlayer) {
     Grevan::AimSystem& aim = game->getAimSystem();
-    struct Case {
-        int x, y;
-        bool mainPlayer, alive, steers;
-    } cases[] = {
+    const std::tuple<int, int, bool, bool, bool> cases[] = {
         {1, 1, true, true, true},       {0, 300, true, true, false},    {800, 300, true, true, false},
         {799, 599, true, true, true},   {400, 0, true, true, false},    {400, 600, true, true, false},
         {400, 300, false, true, false}, {400, 300, true, false, false},
-    };
-    for (const Case& c : cases) {
-        me->setHealth(c.alive ? 100 : 0);
-        game->setMainPlayer(c.mainPlayer ? me : nullptr);
-        aim.setX(c.x);
-        aim.setY(c.y);
-        EXPECT_EQ(aim.steersMouse(), c.steers) << c.x << ", " << c.y << " main " << c.mainPlayer;
+    };  // x, y, whether I am the main player, whether I am alive, whether the sight steers the mouse
+    for (auto [x, y, main, alive, steers] : cases) {
+        me->setHealth(alive ? 100 : 0);
+        game->setMainPlayer(main ? me : nullptr);
+        aim.setX(x);
+        aim.setY(y);
+        EXPECT_EQ(aim.steersMouse(), steers) << x << ", " << y << " main " << main << " alive " << alive;
     }
 }
 
@@ -88,14 +80,12 @@ TEST_F(AimSystemTest, TheFrameClosesTheArmsAndDrawsThemSixPixelsLongAroundAnEmpt
     aim.getSight().setDivergence(12);
     runFrames(1);
     EXPECT_EQ(aim.getSight().getDivergence(), 10);
-    struct Case {
-        int x, y;
-        bool drawn;
-    } cases[] = {{400, 300, false}, {391, 300, false}, {390, 300, true},  {384, 300, true},
-                 {383, 300, false}, {416, 300, true},  {417, 300, false}, {400, 290, true},
-                 {400, 283, false}, {400, 316, true},  {400, 317, false}, {395, 300, false}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(getpixel(buffer, c.x, c.y) == makecol(0, 255, 0), c.drawn) << c.x << ", " << c.y;
+    const std::tuple<int, int, bool> cases[] = {{400, 300, false}, {391, 300, false}, {390, 300, true},
+                                                {384, 300, true},  {383, 300, false}, {416, 300, true},
+                                                {417, 300, false}, {400, 290, true},  {400, 283, false},
+                                                {400, 316, true},  {400, 317, false}, {395, 300, false}};
+    for (auto [x, y, drawn] : cases) {
+        EXPECT_EQ(getpixel(buffer, x, y) == makecol(0, 255, 0), drawn) << x << ", " << y;
     }
 }
 

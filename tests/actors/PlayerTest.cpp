@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <tuple>
 
 #include "actors/Blood.h"
 #include "actors/Gun.h"
@@ -26,15 +27,10 @@ class PlayerTest : public CombatScene {
 };
 
 TEST_F(PlayerTest, InitializeDrawsTheIdThenTheColourBlueFirst) {
-    srand(77);
-    int id = rand();
-    int first = rand();
-    int second = rand();
-    int third = rand();
-    srand(77);
+    std::vector<int> draws = GrevanTest::upcomingRandoms(77, 4);
     Player p;
-    EXPECT_EQ(p.getPlayerId(), id);
-    EXPECT_EQ(p.getColor(), makecol(third % 255, second % 255, first % 255));
+    EXPECT_EQ(p.getPlayerId(), draws[0]);
+    EXPECT_EQ(p.getColor(), makecol(draws[3] % 255, draws[2] % 255, draws[1] % 255));
 }
 
 TEST_F(PlayerTest, ReleasingOneKeyHandsTheWalkToTheOtherAndReleasingBothStopsEverything) {
@@ -59,16 +55,13 @@ TEST_F(PlayerTest, ReleasingOneKeyHandsTheWalkToTheOtherAndReleasingBothStopsEve
 }
 
 TEST_F(PlayerTest, ScriptedWalkRunsAtThreePixelsAFrameAndClosesTheLastPixelsSlower) {
-    struct Case {
-        float start;
-        std::vector<float> positions;  // x after each move while the walk is on
-    } cases[] = {{90.0f, {93.0f, 96.0f, 99.0f, 100.0f}},
-                 {110.0f, {107.0f, 104.0f, 101.0f, 100.0f}},
-                 {100.5f, {}},
-                 {98.5f, {100.0f}}};
-    for (const Case& c : cases) {
+    const std::pair<float, std::vector<float>> cases[] = {{90.0f, {93.0f, 96.0f, 99.0f, 100.0f}},
+                                                          {110.0f, {107.0f, 104.0f, 101.0f, 100.0f}},
+                                                          {100.5f, {}},
+                                                          {98.5f, {100.0f}}};
+    for (auto [start, positions] : cases) {  // x after each move while the walk is on
         Player p("walker", "soldier");
-        p.setPosition(Vector(c.start, 0.0f));
+        p.setPosition(Vector(start, 0.0f));
         p.setAction(PlayerAction{Grevan::ACTION_MOVE_TO, 100, 0});
         std::vector<float> seen;
         for (int frame = 0; frame < 10 && p.isPlayerActionOn(); frame++) {
@@ -77,27 +70,24 @@ TEST_F(PlayerTest, ScriptedWalkRunsAtThreePixelsAFrameAndClosesTheLastPixelsSlow
                 seen.push_back(p.getPosition().x);
             }
         }
-        EXPECT_FALSE(p.isPlayerActionOn()) << "from " << c.start;
-        EXPECT_EQ(seen, c.positions) << "from " << c.start;
+        EXPECT_FALSE(p.isPlayerActionOn()) << "from " << start;
+        EXPECT_EQ(seen, positions) << "from " << start;
         EXPECT_EQ(p.getState(), Grevan::PLAYER_STAND) << "a scripted walk leaves the state alone";
     }
 }
 
 TEST_F(PlayerTest, DamageFollowsTheRowHitOnlyTheTopRowIsAHeadShotAndEveryHitStopsTheWalk) {
     int top = me->getY();
-    struct Case {
-        int row, damage;
-        bool headshot;
-    } cases[] = {
+    const std::tuple<int, int, bool> cases[] = {
         {0, 10, true}, {1, 9, false}, {me->getHeight() / 2, 5, false}, {me->getHeight() - 1, 0, false}};
-    for (const Case& c : cases) {
+    for (auto [row, damage, headshot] : cases) {
         me->setHealth(100);
         me->moveRight(true);
         size_t blood = bloodAfterAFrame();
-        EXPECT_EQ(me->hit(me->getX() + 3, top + c.row, Vector(1.0f, 0.0f)), c.headshot) << "row " << c.row;
-        EXPECT_EQ(me->getHealth(), 100 - c.damage) << "row " << c.row;
+        EXPECT_EQ(me->hit(me->getX() + 3, top + row, Vector(1.0f, 0.0f)), headshot) << "row " << row;
+        EXPECT_EQ(me->getHealth(), 100 - damage) << "row " << row;
         EXPECT_FALSE(me->isMovingRight());
-        EXPECT_EQ(bloodAfterAFrame() - blood, c.damage) << "a drop a point";
+        EXPECT_EQ(bloodAfterAFrame() - blood, static_cast<size_t>(damage)) << "a drop a point";
     }
 }
 
@@ -187,19 +177,16 @@ TEST_F(PlayerTest, ALivePlayerDrawsTheWeaponInHandAndACorpseDrawsNone) {
     me->setWeapon(1, new Grevan::Gun(me));
     me->setWeapon(2, new Grevan::Pistol(me));
     BITMAP* bare = create_bitmap(buffer->w, buffer->h);
-    struct Case {
-        bool alive;
-        int equipment;
-        bool weaponDrawn;
-    } cases[] = {{true, 1, true}, {true, 2, true}, {true, 3, false}, {false, 1, false}};
-    for (const Case& c : cases) {
-        me->setHealth(c.alive ? 100 : 0);
-        for (int equipment : {0, c.equipment}) {
+    const std::tuple<bool, int, bool> cases[] = {
+        {true, 1, true}, {true, 2, true}, {true, 3, false}, {false, 1, false}};
+    for (auto [alive, inHand, weaponDrawn] : cases) {
+        me->setHealth(alive ? 100 : 0);
+        for (int equipment : {0, inHand}) {
             me->setEquipment(equipment);
             clear_to_color(equipment ? buffer : bare, 0);
             me->draw(equipment ? buffer : bare, 0, 0);
         }
-        EXPECT_EQ(GrevanTest::differingPixels(buffer, bare) > 0, c.weaponDrawn) << "slot " << c.equipment;
+        EXPECT_EQ(GrevanTest::differingPixels(buffer, bare) > 0, weaponDrawn) << "slot " << inHand;
     }
     destroy_bitmap(bare);
 }

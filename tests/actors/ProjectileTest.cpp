@@ -37,15 +37,11 @@ TEST(LaunchVelocity, PointsAtTheTargetWithTheGivenSpeed) {
 TEST_F(ProjectileTest, BloodFliesOnlyBackAlongTheImpulseOrDropsStraight) {
     for (Vector impulse : {Vector(1.0f, 0.0f), Vector(-0.6f, 0.8f)}) {
         for (unsigned seed = 1; seed <= 50; seed++) {
-            srand(seed);
-            int radius = rand() % 5 + 1;
-            int backX = -(rand() % 5);
-            backX *= rand() % 2;
-            int backY = -(rand() % 5);
-            backY *= rand() % 2;
-            srand(seed);
+            std::vector<int> draws = GrevanTest::upcomingRandoms(seed, 5);
             Grevan::Blood drop(10, 20, impulse);
-            EXPECT_EQ(drop.getRadius(), radius);
+            EXPECT_EQ(drop.getRadius(), draws[0] % 5 + 1);
+            float backX = -(draws[1] % 5) * (draws[2] % 2);  // 0 to -4 along the impulse, or 0
+            float backY = -(draws[3] % 5) * (draws[4] % 2);
             EXPECT_TRUE(GrevanTest::isNear(drop.getVelocity(), {backX * impulse.x, backY * impulse.y}));
         }
     }

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/HeadlessGame.h"
+#include "support/Probe.h"
 #include "support/TestFolder.h"
 #include "support/TestSupport.h"
 
@@ -47,18 +48,16 @@ TEST(MapSystem, PointsOnTheCamerasBorderAreOutsideItAndAFollowedObjectIsTrackedB
     map.setClientHeight(600);
     map.setClientX(100);
     map.setClientY(50);
-    struct Case {
-        int x, y;
-        bool inside;
-    } cases[] = {{100, 300, false}, {101, 300, true}, {899, 300, true}, {900, 300, false},
-                 {500, 50, false},  {500, 649, true}, {500, 650, false}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(map.inClient(c.x, c.y), c.inside) << c.x << ", " << c.y;
+    const std::tuple<int, int, bool> cases[] = {{100, 300, false}, {101, 300, true}, {899, 300, true},
+                                                {900, 300, false}, {500, 50, false}, {500, 649, true},
+                                                {500, 650, false}};
+    for (auto [x, y, inside] : cases) {
+        EXPECT_EQ(map.inClient(x, y), inside) << x << ", " << y;
     }
     map.moveClient();
     EXPECT_EQ(map.getClientX(), 100) << "nothing to follow";
-    std::unique_ptr<Object> followed(GrevanTest::makeBlock(1000, 300, 200, 100));
-    map.setFollowObject(followed.get());
+    Probe followed(1000, 300, 200, 100);
+    map.setFollowObject(&followed);
     map.moveClient();
     EXPECT_EQ(map.getClientX(), 1000 - 400);
 }
@@ -69,9 +68,12 @@ const char* const kSmallLevel =
 
 class MapLoading : public HeadlessGame {
   protected:
-    // Writes the map file and loads it; returns what loading printed.
-    std::string load(const std::string& name, const std::string& text) {
-        std::string path = folder.writeFile(name, text);
+    // Writes the map file (none when text is null) and loads it; returns what loading printed.
+    std::string load(const std::string& name, const char* text) {
+        std::string path = folder.getPath() + "/" + name;
+        if (text) {
+            folder.writeFile(name, text);
+        }
         return GrevanTest::printedBy([&] { game->loadMap(path.c_str()); });
     }
 
@@ -87,21 +89,17 @@ TEST_F(MapLoading, PiecesBecomeVisibleObjectsAndRecordsOfOtherKindsAreSkippedInF
                    "rock.bmp 1 -1 400 480 0 0 0 0\n"
                    "wall.bmp 1 0 600 280 1 2 3 4\n"),
               "");
-    struct Expected {
-        Rect rectangle;
-        int layer;
-        bool solid;
-    } expected[] = {
+    const std::tuple<Rect, int, bool> expected[] = {
         {{100, 140, 460, 500}, 3, true}, {{300, 396, 456, 500}, 2, false}, {{600, 640, 280, 520}, 1, true}};
     ASSERT_EQ(objects().getObjectCount(), 3);
     for (int i = 0; i < 3; ++i) {
+        auto [rectangle, layer, solid] = expected[i];
         Object* o = objects().getObjects()[i];
-        EXPECT_EQ(*o->getRectangle(), expected[i].rectangle) << i;
-        EXPECT_EQ(static_cast<int>(o->getLayer()), expected[i].layer);
-        EXPECT_EQ(o->isCollidable(), expected[i].solid);
-        EXPECT_TRUE(o->isVisible());
+        EXPECT_EQ(*o->getRectangle(), rectangle) << i;
+        EXPECT_EQ(static_cast<int>(o->getLayer()), layer) << i;
+        EXPECT_EQ(o->isCollidable(), solid) << i;
+        EXPECT_TRUE(o->isVisible()) << i;
     }
-    EXPECT_EQ(map().getWidth(), 1000);
     EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236));
     EXPECT_EQ(blocks().getColumns(), 7u);
     EXPECT_EQ(blocks().getObjectByPosition(110, 470), objects().getObjects()[0]);
@@ -114,11 +112,7 @@ TEST_F(MapLoading, RefusedMapLeavesTheLevelAsItWasAndNamesTheFile) {
     map().setClientX(123);
     const std::string incomplete =
         "its header (an integer, width, height, red, green, blue, piece count) is incomplete";
-    struct Case {
-        const char* name;
-        const char* text;  // null: the file does not exist
-        std::string reason;
-    } cases[] = {
+    const std::tuple<const char*, const char*, std::string> cases[] = {
         {"missing.map", nullptr, "the file cannot be opened"},
         {"empty.map", "", incomplete},
         {"word_in_header.map", "1 800 wide 1 2 3 0", incomplete},
@@ -131,35 +125,30 @@ TEST_F(MapLoading, RefusedMapLeavesTheLevelAsItWasAndNamesTheFile) {
         {"bad_colour.map", "1 800 600 1 256 3 0", "the background colour 1 256 3 is outside 0 to 255"},
         {"far_piece.map", "1 800 600 1 2 3 2 crate.bmp 0 0 10 10 0 0 0 0 crate.bmp 0 0 10 -1000001 0 0 0 0",
          "piece 2 lies at 10, -1000001, beyond 1000000 pixels"},
-    };
-    for (const Case& c : cases) {
-        const std::string path = folder.getPath() + "/" + c.name;
-        const std::string printed =
-            c.text ? load(c.name, c.text) : GrevanTest::printedBy([&] { game->loadMap(path.c_str()); });
-        EXPECT_EQ(printed, "Cannot load map " + path + ": " + c.reason + "\n") << c.name;
-        EXPECT_EQ(objects().getObjects(), before) << c.name;
-        EXPECT_EQ(map().getWidth(), 1000) << c.name;
-        EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236)) << c.name;
-        EXPECT_EQ(blocks().getObjectByPosition(110, 470), before[0]) << c.name;
+    };  // the file's name, its text (null: it does not exist), the reason given
+    for (auto [name, text, reason] : cases) {
+        EXPECT_EQ(load(name, text),
+                  "Cannot load map " + folder.getPath() + "/" + name + ": " + reason + "\n");
+        EXPECT_EQ(objects().getObjects(), before) << name;
+        EXPECT_EQ(map().getWidth(), 1000) << name;
+        EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236)) << name;
+        EXPECT_EQ(blocks().getObjectByPosition(110, 470), before[0]) << name;
     }
     EXPECT_EQ(map().getClientX(), 123);
 }
 
 TEST_F(MapLoading, FileThatEndsEarlyOrHoldsAWordForANumberQuietlyKeepsThePiecesBeforeIt) {
-    struct Case {
-        const char* text;
-        int pieces;
-    } cases[] = {
+    const std::pair<const char*, int> cases[] = {
         {"1 1000 600 0 0 0 3 crate.bmp 0 0 10 10 0 0 0 0 rock.bmp 0 0 60 10 0 0 0 0", 2},
         {"1 1000 600 0 0 0 3 crate.bmp 0 0 10 10 0 0 0 0 rock.bmp 0 0 left 10 0 0 0 0", 1},
         {"1 1000 600 0 0 0 1 crate.bmp 0 0 10 10", 0},  // the ignored fields are missing
         {"1 1000 600 0 0 0 1 crate.bmp 0 0 10 10 0 0 0 0 and more", 1},
-    };
-    for (const Case& c : cases) {
+    };  // the file's text, the pieces loaded
+    for (auto [text, pieces] : cases) {
         load("start.map", kSmallLevel);
-        EXPECT_EQ(load("short.map", c.text), "") << c.text;
-        EXPECT_EQ(objects().getObjectCount(), c.pieces) << c.text;
-        EXPECT_EQ(map().getBackgroundColor(), makecol(0, 0, 0)) << c.text;
+        EXPECT_EQ(load("short.map", text), "") << text;
+        EXPECT_EQ(objects().getObjectCount(), pieces) << text;
+        EXPECT_EQ(map().getBackgroundColor(), makecol(0, 0, 0)) << text;
     }
 }
 

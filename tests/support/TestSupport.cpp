@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 
 namespace GrevanTest {
@@ -27,6 +28,16 @@ Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable) 
 
 Grevan::RealBody* makeBody(int x, int y, int width, int height) {
     return shaped(new Grevan::RealBody(), x, y, width, height);
+}
+
+std::vector<int> upcomingRandoms(unsigned seed, int count) {
+    srand(seed);
+    std::vector<int> values;
+    for (int i = 0; i < count; i++) {
+        values.push_back(rand());
+    }
+    srand(seed);
+    return values;
 }
 
 testing::AssertionResult isNear(const Vector& v, const Vector& expected) {

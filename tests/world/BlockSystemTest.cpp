@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include "support/HeadlessGame.h"
@@ -28,20 +29,10 @@ class BlockSystemTest : public HeadlessGame {
     std::vector<std::unique_ptr<Probe>> owned;
 };
 
-TEST_F(BlockSystemTest, GridHasTwoSpareRowsAndColumns) {
-    struct Case {
-        int width, height;
-        unsigned columns, rows;
-    } cases[] = {{1000, 600, 7, 5}, {199, 1, 2, 2}, {401, 399, 4, 3}};
-    for (const Case& c : cases) {
-        blocks().initialize(c.width, c.height);
-        EXPECT_EQ(blocks().getColumns(), c.columns) << c.width;
-        EXPECT_EQ(blocks().getRows(), c.rows) << c.height;
-        EXPECT_EQ(blocks().getBlockMap()->w, c.width);
-    }
-}
-
-TEST_F(BlockSystemTest, ObjectIsEnteredInTheCellsOfItsRangeCountedAsUnsigned) {
+TEST_F(BlockSystemTest, TwoSpareRowsAndColumnsAndAnObjectIsEnteredInTheCellsOfItsRangeCountedAsUnsigned) {
+    blocks().initialize(1000, 600);
+    EXPECT_EQ(blocks().getColumns(), 7u);
+    EXPECT_EQ(blocks().getRows(), 5u);
     struct Case {
         int x, y, width, height;
         Cells cells;
@@ -55,7 +46,6 @@ TEST_F(BlockSystemTest, ObjectIsEnteredInTheCellsOfItsRangeCountedAsUnsigned) {
         {1390, 10, 20, 10, {{0, 6}}},                           // the walk stops at the last column
         {10, 1000, 10, 10, {}},
     };
-    blocks().initialize(1000, 600);
     for (const Case& c : cases) {
         Object* o = added(c.x, c.y, c.width, c.height);
         EXPECT_EQ(cellsHolding(o), c.cells) << "object at " << c.x << ", " << c.y;
@@ -82,17 +72,15 @@ TEST_F(BlockSystemTest, BlockMapHoldsOutlinesOnlyAndRemovalLeavesGaps) {
     const int white = makecol(255, 255, 255);
     added(10, 10, 20, 10);
     blocks().removeObject(added(20, 5, 20, 20));
-    struct Case {
-        int x, y, colour;
-    } cases[] = {
+    const std::tuple<int, int, int> cases[] = {
         {10, 10, white}, {29, 19, white},  // the corners
         {15, 15, 0},                       // inside: only the outline is drawn
         {30, 10, 0},     {10, 20, 0},      // one past right and bottom
         {20, 10, 0},     {20, 19, 0},      // where the removed outline crossed
         {25, 19, white},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(pixel(c.x, c.y), c.colour) << c.x << ", " << c.y;
+    for (auto [x, y, colour] : cases) {
+        EXPECT_EQ(pixel(x, y), colour) << x << ", " << y;
     }
 }
 
@@ -117,13 +105,11 @@ TEST_F(BlockSystemTest, PointQuerySearchesOnlyThePointsCellWithInclusiveEdges) {
     Object* box = added(100, 100, 20, 10);
     Object* acrossBorder = added(190, 10, 20, 10);
     Object* nearOrigin = added(-10, 5, 20, 10);
-    struct Case {
-        int x, y;
-        Object* found;
-    } cases[] = {{120, 110, box},      {121, 105, nullptr}, {99, 105, nullptr}, {205, 15, acrossBorder},
-                 {-5, 10, nearOrigin}, {-205, 10, nullptr}, {5000, 10, nullptr}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(blocks().getObjectByPosition(c.x, c.y), c.found) << c.x << ", " << c.y;
+    const std::tuple<int, int, Object*> cases[] = {
+        {120, 110, box},      {121, 105, nullptr}, {99, 105, nullptr}, {205, 15, acrossBorder},
+        {-5, 10, nearOrigin}, {-205, 10, nullptr}, {5000, 10, nullptr}};
+    for (auto [x, y, found] : cases) {
+        EXPECT_EQ(blocks().getObjectByPosition(x, y), found) << x << ", " << y;
     }
     box->setX(300);  // moved without telling the block map: its new place is not in its cells
     EXPECT_EQ(blocks().getObjectByPosition(305, 105), nullptr);
