@@ -15,26 +15,7 @@ using Grevan::Weapon;
 
 namespace {
 
-class WeaponTest : public CombatScene {
-  protected:
-    // A weapon of the holder's in the slot, in hand, with a full magazine and `spare` rounds.
-    template <typename Kind>
-    Kind* arm(Player* holder, int spare, int slot = 1) {
-        Kind* w = new Kind(holder);
-        holder->setWeapon(slot, w);
-        holder->setEquipment(slot);
-        w->addBullets(w->getMagazineSize());
-        runUntilReady(w);
-        w->addBullets(spare);
-        return w;
-    }
-
-    void runUntilReady(Weapon* w) {
-        for (int i = 0; i < 200 && (w->getTimer() > 0 || w->getBulletCurrent() == 0); i++) {
-            w->move();
-        }
-    }
-};
+using WeaponTest = CombatScene;
 
 TEST_F(WeaponTest, HeldFireShootsOnceEveryFireDelayFrames) {
     for (int fireDelay : {7, 15}) {

@@ -29,6 +29,12 @@ Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
     return p;
 }
 
+void CombatScene::runUntilReady(Grevan::Weapon* w) {
+    for (int i = 0; i < 200 && (w->getTimer() > 0 || w->getBulletCurrent() == 0); i++) {
+        w->move();
+    }
+}
+
 void CombatScene::teleport(Player* p, int x, int y) {
     blocks().removeObject(p);
     p->setX(x);

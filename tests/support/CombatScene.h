@@ -3,6 +3,7 @@
 #include <string>
 
 #include "actors/Player.h"
+#include "actors/Weapon.h"
 #include "support/HeadlessGame.h"
 #include "support/TestFolder.h"
 #include "support/TestSupport.h"
@@ -22,6 +23,19 @@ class CombatScene : public HeadlessGame {
     void loadLevel(bool withWall);
     // A player of the role added to the game with its left side at x, standing on the floor.
     Grevan::Player* addStandingPlayer(int x, const std::string& role = "soldier");
+    // A new weapon of the holder's in the slot, in hand, with a full magazine and `spare` rounds.
+    template <typename Kind>
+    Kind* arm(Grevan::Player* holder, int spare, int slot = 1) {
+        Kind* w = new Kind(holder);
+        holder->setWeapon(slot, w);
+        holder->setEquipment(slot);
+        w->addBullets(w->getMagazineSize());
+        runUntilReady(w);
+        w->addBullets(spare);
+        return w;
+    }
+    // Runs the weapon's own timing until it can fire.
+    void runUntilReady(Grevan::Weapon* w);
     // Puts the player at (x, y) at once, keeping the block map in step.
     void teleport(Grevan::Player* p, int x, int y);
     // How many times `sound` was played while `body` ran: the sound is taken out of the table
