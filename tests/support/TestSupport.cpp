@@ -7,27 +7,13 @@
 
 namespace GrevanTest {
 
-namespace {
-
-template <typename Kind>
-Kind* shaped(Kind* o, int x, int y, int width, int height) {
-    o->setX(x);
-    o->setY(y);
-    o->setWidth(width);
-    o->setHeight(height);
-    return o;
-}
-
-}  // namespace
-
-Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable) {
-    Grevan::Object* o = shaped(new Grevan::Object(), x, y, width, height);
-    o->setCollidable(collidable);
-    return o;
-}
-
 Grevan::RealBody* makeBody(int x, int y, int width, int height) {
-    return shaped(new Grevan::RealBody(), x, y, width, height);
+    Grevan::RealBody* body = new Grevan::RealBody();
+    body->setX(x);
+    body->setY(y);
+    body->setWidth(width);
+    body->setHeight(height);
+    return body;
 }
 
 std::vector<int> upcomingRandoms(unsigned seed, int count) {

@@ -15,8 +15,7 @@
 
 namespace GrevanTest {
 
-// A plain object (or a rigid body) of the given rectangle, without a picture.
-Grevan::Object* makeBlock(int x, int y, int width, int height, bool collidable = true);
+// A rigid body of the given rectangle, without a picture.
 Grevan::RealBody* makeBody(int x, int y, int width, int height);
 
 // The next `count` values of rand() after srand(seed), which is then called again, so that the

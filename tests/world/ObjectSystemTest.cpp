@@ -108,7 +108,7 @@ TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAnd
     runner->setVelocity(Vector(4, 0));
     Probe* ghost = registered(170, 50, false);  // moves, but cannot collide
     ghost->setVelocity(Vector(40, 0));
-    objects().addObject(GrevanTest::makeBlock(190, 0, 20, 200));
+    objects().addObject(new Probe(190, 0, 20, 200));
     objects().moveObjects();
     EXPECT_TRUE(resting->offered.empty());
     EXPECT_TRUE(ghost->offered.empty());

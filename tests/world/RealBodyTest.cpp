@@ -6,13 +6,13 @@
 #include <tuple>
 
 #include "support/HeadlessGame.h"
+#include "support/Probe.h"
 #include "support/TestSupport.h"
 
 using Grevan::Object;
 using Grevan::RealBody;
 using Grevan::SIDE_BOTTOM;
 using GrevanTest::isNear;
-using GrevanTest::makeBlock;
 using GrevanTest::makeBody;
 
 namespace {
@@ -113,13 +113,13 @@ TEST(RealBody, ForcesAndMomentaAreDividedByTheMass) {
 }
 
 TEST(RealBody, ABodyIsNotPushedByItsBoardAndIsSetFreeWhenItLeavesIt) {
-    std::unique_ptr<Object> board(makeBlock(0, 100, 100, 20));
+    Probe board(0, 100, 100, 20);
     std::unique_ptr<RealBody> body(makeBody(10, 80, 10, 30));  // ten pixels into its board
-    body->handleCollision(SIDE_BOTTOM, board.get());
-    EXPECT_TRUE(body->collide(board.get()));
+    body->handleCollision(SIDE_BOTTOM, &board);
+    EXPECT_TRUE(body->collide(&board));
     EXPECT_EQ(body->getY(), 80);
     body->setX(150);  // walked off the edge
-    EXPECT_FALSE(body->collide(board.get()));
+    EXPECT_FALSE(body->collide(&board));
     EXPECT_EQ(body->getBoard(), nullptr);
     EXPECT_TRUE(body->isFree());
 }
@@ -144,7 +144,8 @@ TEST(RealBody, LandingOnABodyMakesARiderAndReleaseDropsEvenThoseThatLandedElsewh
 
 TEST(RealBodyDeletion, DeletingABoardOrARiderLeavesNoLinkToIt) {
     for (bool boardIsBody : {true, false}) {
-        Object* board = boardIsBody ? makeBody(0, 100, 100, 10) : makeBlock(0, 100, 100, 10);
+        Object* board =
+            boardIsBody ? static_cast<Object*>(makeBody(0, 100, 100, 10)) : new Probe(0, 100, 100, 10);
         RealBody rider;
         RealBody bystander;
         rider.handleCollision(SIDE_BOTTOM, board);
@@ -172,7 +173,7 @@ using RealBodyDeletionInTheWorld = HeadlessGame;
 
 TEST_F(RealBodyDeletionInTheWorld, ReapingAndLoadingAMapLeaveNoBodyOnAGoneObject) {
     blocks().initialize(1000, 600);
-    Object* floor = makeBlock(0, 500, 1000, 20);
+    Object* floor = new Probe(0, 500, 1000, 20);
     RealBody* crate = makeBody(100, 461, 40, 40);
     RealBody* rider = makeBody(110, 442, 20, 20);
     for (Object* o : {floor, static_cast<Object*>(crate), static_cast<Object*>(rider)}) {
