@@ -11,10 +11,17 @@ using Grevan::FrontSight;
 
 namespace {
 
-TEST(FrontSight, KicksWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByTwo) {
+TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByTwo) {
     FrontSight sight;
-    for (int divergence : {35, 65, 65}) {
-        sight.jump(30);
+    const std::pair<int, int> kicks[] = {
+        {0, 5}, {30, 35}, {30, 65}, {30, 65}, {1, 65}};  // strength, divergence
+    for (auto [strength, divergence] : kicks) {
+        sight.setVelocity(Vector());
+        std::vector<int> draws = GrevanTest::upcomingRandoms(99, 2);
+        sight.jump(strength);
+        // The second draw pushes along x, the first along y.
+        Vector kick(draws[1] % (2 * strength + 1) - strength, draws[0] % (2 * strength + 1) - strength);
+        EXPECT_TRUE(GrevanTest::isNear(sight.getVelocity(), kick)) << strength;
         EXPECT_EQ(sight.getDivergence(), divergence);
     }
     sight.move();
@@ -25,17 +32,6 @@ TEST(FrontSight, KicksWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByTwo) {
         sight.move();
     }
     EXPECT_EQ(sight.getDivergence(), 4);
-}
-
-TEST(FrontSight, KickMomentumTakesTheSecondDrawForXAndTheFirstForY) {
-    for (int strength : {30, 1, 0}) {
-        FrontSight sight;
-        std::vector<int> draws = GrevanTest::upcomingRandoms(99, 2);
-        sight.jump(strength);
-        Vector kick(draws[1] % (2 * strength + 1) - strength, draws[0] % (2 * strength + 1) - strength);
-        EXPECT_TRUE(GrevanTest::isNear(sight.getVelocity(), kick)) << strength;
-        EXPECT_EQ(sight.getDivergence(), 5 + strength);
-    }
 }
 
 TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne) {

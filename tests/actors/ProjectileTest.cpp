@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <tuple>
 
 #include "actors/Blood.h"
 #include "actors/Explosion.h"
@@ -15,22 +16,19 @@ namespace {
 
 using ProjectileTest = CombatScene;
 
-TEST(LaunchVelocity, PointsAtTheTargetWithTheGivenSpeed) {
-    struct Case {
-        int x, y, tx, ty;
-        float speed, vx, vy;
-    } cases[] = {
-        {0, 0, 10, 0, 100.0f, 100.0f, 0.0f},
-        {5, 5, 5, 5, 100.0f, -100.0f, 0.0f},  // a zero-length shot points left
-        {0, 0, 0, 10, 100.0f, 0.0f, 100.0f},
-        {0, 10, 0, 0, 100.0f, 0.0f, -100.0f},
-        {0, 0, -30, 40, 100.0f, -60.0f, 80.0f},
-        {0, 0, -30, -40, 100.0f, -60.0f, -80.0f},
-        {10, 10, 13, 14, 8.0f, 4.8f, 6.4f},
-        {0, 0, 3, -4, 8.0f, 4.8f, -6.4f},
-    };
-    for (const Case& c : cases) {
-        EXPECT_TRUE(GrevanTest::isNear(Grevan::launchVelocity(c.x, c.y, c.tx, c.ty, c.speed), {c.vx, c.vy}));
+TEST(LaunchVelocity, PointsAtTheTargetWithTheGivenSpeedAndAZeroLengthShotPointsLeft) {
+    const std::tuple<int, int, int, int, float, Vector> cases[] = {
+        {0, 0, 10, 0, 100.0f, {100, 0}},
+        {5, 5, 5, 5, 100.0f, {-100, 0}},
+        {0, 0, 0, 10, 100.0f, {0, 100}},
+        {0, 10, 0, 0, 100.0f, {0, -100}},
+        {0, 0, -30, 40, 100.0f, {-60, 80}},
+        {0, 0, -30, -40, 100.0f, {-60, -80}},
+        {10, 10, 13, 14, 8.0f, {4.8f, 6.4f}},
+        {0, 0, 3, -4, 8.0f, {4.8f, -6.4f}}};  // from, to, speed, velocity
+    for (auto [x, y, tx, ty, speed, velocity] : cases) {
+        EXPECT_TRUE(GrevanTest::isNear(Grevan::launchVelocity(x, y, tx, ty, speed), velocity))
+            << tx << ", " << ty;
     }
 }
 
@@ -84,7 +82,7 @@ TEST_F(ProjectileTest, AGrenadeRattlingOnTheGroundSoundsAtMostOnceEveryFiveFrame
     Player* other = addStandingPlayer(300, "raider");
     Grevan::Object ground;
     struct Case {
-        Grevan::Object* landedOn;
+        Grevan::Object* landedOn;  // each frame
         int frames, plays;
     } cases[] = {{&ground, 20, 4}, {&ground, 5, 1}, {&ground, 6, 2}, {other, 20, 0}};
     for (const Case& c : cases) {

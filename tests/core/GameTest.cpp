@@ -22,17 +22,16 @@ TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
     game.getScreen().flip();  // no pages: nothing to do, and no crash
 }
 
-void* countUnderTheLock(void* counter) {
-    for (int i = 0; i < 100000; ++i) {
-        Grevan::lockGame();
-        *static_cast<long*>(counter) += 1;
-        Grevan::unlockGame();
-    }
-    return nullptr;
-}
-
 TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
     Game game(Grevan::StartMode::HEADLESS);  // creates the lock
+    void* (*countUnderTheLock)(void*) = [](void* counter) -> void* {
+        for (int i = 0; i < 100000; ++i) {
+            Grevan::lockGame();
+            *static_cast<long*>(counter) += 1;
+            Grevan::unlockGame();
+        }
+        return nullptr;
+    };
     long counter = 0;
     void* first = Grevan::createThread(&counter, countUnderTheLock);
     void* second = Grevan::createThread(&counter, countUnderTheLock);

@@ -34,14 +34,11 @@ class ScreenTest : public testing::Test {
     BITMAP* first = nullptr;
 };
 
-TEST_F(ScreenTest, NothingReachesTheScreenBeforeAFadeInAndFlipWritesTheFirstPage) {
+TEST_F(ScreenTest, NothingShowsBeforeAFadeInFadesTakeFiftyTwoFramesAndAFadeOutFreezesTheDarkFrame) {
     EXPECT_EQ(screen.getCurrentPage(), first);
     frames(10);
     EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_DARK);
     EXPECT_EQ(shown(), 0);
-}
-
-TEST_F(ScreenTest, FadesTakeFiftyTwoFramesAndAFadeOutFreezesTheDarkFrameUntilTheNextFadeIn) {
     screen.fadeIn();
     frames(1);
     EXPECT_EQ(shown(), 0) << "the first frame is covered at alpha 255";

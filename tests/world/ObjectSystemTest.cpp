@@ -79,9 +79,13 @@ TEST_F(ObjectSystemTest, DeadObjectsAreDrawnButNotMovedUntilReapedAndHiddenOnesA
     EXPECT_EQ(dying->draws, 1);
     EXPECT_EQ(hidden->draws, 0);
     EXPECT_FALSE(deleted);
+    const int dyingId = dying->getId();
+    EXPECT_EQ(objects().getObjectById(dyingId), dying);
     objects().removeDeadObjects();
     EXPECT_TRUE(deleted);
     EXPECT_EQ(objects().getObjects(), std::vector<Object*>{hidden});
+    EXPECT_EQ(objects().getObjectById(dyingId), nullptr);
+    EXPECT_EQ(objects().getObjectById(hidden->getId()), hidden);
 }
 
 TEST_F(ObjectSystemTest, RemovalDuringAWalkIsRefusedAndOutsideItOnlyForgets) {
@@ -120,13 +124,6 @@ TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAnd
     runner->setVelocity(Vector(0, 150));
     objects().moveObjects();
     EXPECT_EQ(cellsHolding(runner), (Cells{{1, 0}}));
-}
-
-TEST_F(ObjectSystemTest, ObjectsAreFoundByIdOnlyWhileRegistered) {
-    Object* first = registered(0, 0);
-    registered(0, 0);
-    EXPECT_EQ(objects().getObjectById(first->getId()), first);
-    EXPECT_EQ(objects().getObjectById(first->getId() + 1000), nullptr);
 }
 
 }  // namespace
