@@ -34,21 +34,16 @@ TEST_F(PlayerTest, InitializeDrawsTheIdThenTheColourBlueFirst) {
 }
 
 TEST_F(PlayerTest, ReleasingOneKeyHandsTheWalkToTheOtherAndReleasingBothStopsEverything) {
-    struct Step {
-        void (Player::*command)(bool);
-        bool on, walking;
-        int direction;
-    } steps[] = {
-        {&Player::moveLeft, true, true, 1},   {&Player::moveRight, true, true, 0},
-        {&Player::moveLeft, false, true, 0},  {&Player::moveLeft, true, true, 1},
-        {&Player::moveRight, false, true, 1}, {&Player::moveLeft, false, false, 1},
-    };
+    const std::tuple<const char*, bool, bool, int> steps[] = {
+        {"left", true, true, 1}, {"right", true, true, 0},  {"left", false, true, 0},
+        {"left", true, true, 1}, {"right", false, true, 1}, {"left", false, false, 1},
+    };  // the key, pressed or released, walking afterwards, direction afterwards (1 faces left)
     me->fire(1, 2);
     me->jump(true);
-    for (const Step& s : steps) {
-        (me->*s.command)(s.on);
-        EXPECT_EQ(me->getState() == Grevan::PLAYER_WALK, s.walking) << &s - steps;
-        EXPECT_EQ(me->getAnimation().getDirection(), s.direction) << &s - steps;
+    for (auto [key, pressed, walking, direction] : steps) {
+        std::string(key) == "left" ? me->moveLeft(pressed) : me->moveRight(pressed);
+        EXPECT_EQ(me->getState() == Grevan::PLAYER_WALK, walking) << key << " " << pressed;
+        EXPECT_EQ(me->getAnimation().getDirection(), direction) << key << " " << pressed;
     }
     EXPECT_FALSE(me->isFiring()) << "stopping also stops firing";
     EXPECT_FALSE(me->isJumping()) << "stopping also stops jumping";

@@ -44,10 +44,12 @@ using GameFrame = CombatScene;
 
 TEST_F(GameFrame, FrameMovesReapsAndThenWritesOnlyTheFpsLineWithoutAMainPlayer) {
     Probe* doomed = new Probe(200, 300, 10, 10);
+    bool deleted = false;
+    doomed->deleted = &deleted;
     doomed->onMove = [doomed] { doomed->die(); };
     objects().addObject(doomed);
     game->playFrame(buffer, 17);
-    EXPECT_EQ(doomed->moves, 1);
+    EXPECT_TRUE(deleted) << "moved, died and reaped in the frame";
     EXPECT_EQ(map().getClientX(), 0) << "no main player: the camera stays";
     // The status line is written over the background with the count after reaping.
     BITMAP* expected = create_bitmap(800, 10);
