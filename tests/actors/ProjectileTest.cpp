@@ -48,12 +48,14 @@ TEST_F(ProjectileTest, BloodFliesOnlyBackAlongTheImpulseOrDropsStraight) {
 TEST_F(ProjectileTest, AnExplosionHitsEveryoneInReachOnEachOfItsTenFrames) {
     Player* atCentre = addStandingPlayer(300);
     Player* farther = addStandingPlayer(400);
+    Player* atTheEdge = addStandingPlayer(481);  // 181 pixels off: the last ring's radius
     Player* outOfReach = addStandingPlayer(700);
     ASSERT_EQ(farther->getCentralX() - atCentre->getCentralX(), 100);
     objects().addObject(new Explosion(me, atCentre->getCentralX(), atCentre->getCentralY()));
     runFrames(12);
     EXPECT_EQ(atCentre->getHealth(), 50);
     EXPECT_EQ(farther->getHealth(), 75);
+    EXPECT_EQ(atTheEdge->getHealth(), 95);
     EXPECT_EQ(outOfReach->getHealth(), 100);
     EXPECT_EQ(me->getKills(), 0);
 }

@@ -16,8 +16,10 @@ namespace {
 TEST(Vector, SumSnapsComponentsStrictlyBelowOneTenthToZeroButScalingDoesNot) {
     struct Case {
         Vector a, b, sum;
-    } cases[] = {
-        {{0, 0}, {0.05f, 3}, {0, 3}}, {{0, 0}, {-0.1f, 0}, {-0.1f, 0}}, {{1, -2}, {-0.95f, 2.05f}, {0, 0}}};
+    } cases[] = {{{0, 0}, {0.05f, 3}, {0, 3}},
+                 {{0, 0}, {-0.1f, 0}, {-0.1f, 0}},
+                 {{0, 0}, {0.099f, 0.1f}, {0, 0.1f}},
+                 {{1, -2}, {-0.95f, 2.05f}, {0, 0}}};
     for (const Case& c : cases) {
         Vector accumulated = c.a;
         accumulated += c.b;

@@ -49,6 +49,7 @@ TEST(RealBody, StandingFrictionComesFromTheBoardAndSlowsToExactlyZeroWithoutChan
     } cases[] = {{1.0f, 0.05f, {0.0f}},
                  {1.0f, -3.0f, {-2.88f, -2.76f, -2.64f}},
                  {0.5f, 3.0f, {2.94f, 2.88f}},
+                 {1.0f, -0.11f, {0.0f}},         // less than a frame's friction: it stops, not turns
                  {1.0f, 0.15f, {0.03f, 0.0f}}};  // what friction leaves is snapped away by the next sum
     for (const Case& c : cases) {
         Ice board(c.boardFriction);
