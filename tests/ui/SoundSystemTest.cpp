@@ -64,25 +64,23 @@ TEST_F(SoundSystemTest, AnUnreadableFileKeepsItsNameWithoutASourceAndRemovingANa
 
 // OpenAL reads its driver list once per process, so the silent game runs in a child process of
 // its own, started afresh with a driver that does not exist.
-bool silentGamePlaysNothing() {
-    testing::internal::CaptureStderr();
-    Grevan::Game silent(Grevan::StartMode::HEADLESS);
-    SoundSystem& sounds = silent.getSoundSystem();
-    bool quiet = !sounds.hasAudio() && sounds.getSoundCount() == 6;
-    std::string printed = printedBy([&] {
-        for (const char* name : kTableNames) {
-            quiet = quiet && !sounds.getSound(name)->isLoaded();
-            sounds.playSound(name);
-        }
-    });
-    return quiet && printed.empty();
-}
-
 TEST(SoundSystemSilentDeathTest, WithoutAnAudioDeviceKnownNamesPlayNothing) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     std::string saved = getenv("ALSOFT_DRIVERS") ? getenv("ALSOFT_DRIVERS") : "";
     setenv("ALSOFT_DRIVERS", "no-such-driver", 1);
-    EXPECT_EXIT(exit(silentGamePlaysNothing() ? 0 : 1), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(
+        {
+            testing::internal::CaptureStderr();
+            Grevan::Game silent(Grevan::StartMode::HEADLESS);
+            SoundSystem& sounds = silent.getSoundSystem();
+            bool quiet = !sounds.hasAudio() && sounds.getSoundCount() == 6;
+            for (const char* name : kTableNames) {
+                quiet = quiet && !sounds.getSound(name)->isLoaded() &&
+                        printedBy([&] { sounds.playSound(name); }).empty();
+            }
+            exit(quiet ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
     setenv("ALSOFT_DRIVERS", saved.c_str(), 1);
 }
 

@@ -124,7 +124,7 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
     struct Case {
         int ignored, x1, y1, x2, y2;
         bool found;
-        int hitX, hitY;
+        int hitX, hitY;  // -7 where nothing is found and the outputs stay as they were
     } cases[] = {
         {0, 0, 125, 300, 125, true, 100, 125},
         {0, 300, 125, 0, 125, true, 149, 125},
