@@ -2,46 +2,87 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
+#include "actors/FrontSight.h"
 #include "support/CombatScene.h"
 
-using Grevan::Player;
+using Grevan::FrontSight;
 
 namespace {
+
+TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByTwo) {
+    FrontSight sight;
+    const std::pair<int, int> kicks[] = {
+        {0, 5}, {30, 35}, {30, 65}, {30, 65}, {1, 65}};  // strength, divergence
+    for (auto [strength, divergence] : kicks) {
+        sight.setVelocity(Vector());
+        std::vector<int> draws = GrevanTest::upcomingRandoms(99, 2);
+        sight.jump(strength);
+        // The second draw pushes along x, the first along y.
+        Vector kick(draws[1] % (2 * strength + 1) - strength, draws[0] % (2 * strength + 1) - strength);
+        EXPECT_TRUE(GrevanTest::isNear(sight.getVelocity(), kick)) << strength;
+        EXPECT_EQ(sight.getDivergence(), divergence);
+    }
+    sight.move();
+    EXPECT_EQ(sight.getDivergence(), 63);
+    // From an even divergence the arms close to 4, one below the resting 5.
+    sight.setDivergence(8);
+    for (int i = 0; i < 3; i++) {
+        sight.move();
+    }
+    EXPECT_EQ(sight.getDivergence(), 4);
+}
+
+TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne) {
+    struct Case {
+        float vx, vy;
+        bool brakes;
+    } cases[] = {{4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
+    for (const Case& c : cases) {
+        FrontSight sight;
+        sight.setAcceleration(Vector(0.5f, 0.5f));
+        sight.setVelocity(Vector(c.vx, c.vy));
+        std::vector<int> draws = GrevanTest::upcomingRandoms(5, 2);
+        sight.move();
+        Vector brake = c.brakes ? Vector(draws[0] % 100 * -c.vx / 100, draws[1] % 100 * -c.vy / 100)
+                                : Vector(0.5f, 0.5f);
+        EXPECT_TRUE(GrevanTest::isNear(sight.getAcceleration(), brake)) << c.vx << ", " << c.vy;
+    }
+}
 
 using AimSystemTest = CombatScene;
 
 TEST_F(AimSystemTest, TheSightSteersTheMouseOnlyStrictlyInsideTheViewWithALiveMainPlayer) {
-    loadLevel(false);
-    Player* me = addStandingPlayer(100);
     Grevan::AimSystem& aim = game->getAimSystem();
-    struct Case {
-        int x, y;
-        bool mainPlayer, alive, steers;
-    } cases[] = {
-        {400, 300, true, true, true},  {0, 300, true, true, false},    {800, 300, true, true, false},
-        {1, 1, true, true, true},      {799, 599, true, true, true},   {400, 0, true, true, false},
-        {400, 600, true, true, false}, {400, 300, false, true, false}, {400, 300, true, false, false},
-    };
-    for (const Case& c : cases) {
-        me->setHealth(c.alive ? 100 : 0);
-        game->setMainPlayer(c.mainPlayer ? me : nullptr);
-        aim.setX(c.x);
-        aim.setY(c.y);
-        EXPECT_EQ(aim.steersMouse(), c.steers)
-            << c.x << ", " << c.y << " main " << c.mainPlayer << " alive " << c.alive;
+    const std::tuple<int, int, bool, bool, bool> cases[] = {
+        {1, 1, true, true, true},       {0, 300, true, true, false},    {800, 300, true, true, false},
+        {799, 599, true, true, true},   {400, 0, true, true, false},    {400, 600, true, true, false},
+        {400, 300, false, true, false}, {400, 300, true, false, false},
+    };  // x, y, whether I am the main player, whether I am alive, whether the sight steers the mouse
+    for (auto [x, y, main, alive, steers] : cases) {
+        me->setHealth(alive ? 100 : 0);
+        game->setMainPlayer(main ? me : nullptr);
+        aim.setX(x);
+        aim.setY(y);
+        EXPECT_EQ(aim.steersMouse(), steers) << x << ", " << y << " main " << main << " alive " << alive;
     }
 }
 
-TEST_F(AimSystemTest, TheFrameMovesTheSightAndDrawsItUnlessTheViewHasNoRoom) {
-    loadLevel(false);
+TEST_F(AimSystemTest, TheFrameClosesTheArmsAndDrawsThemSixPixelsLongAroundAnEmptyCentre) {
     Grevan::AimSystem& aim = game->getAimSystem();
     aim.setX(400);
     aim.setY(300);
-    aim.jump(30);
-    aim.getSight().setVelocity(Vector());
+    aim.getSight().setDivergence(12);
     runFrames(1);
-    EXPECT_EQ(aim.getSight().getDivergence(), 33) << "the frame closes the arms";
-    EXPECT_EQ(getpixel(buffer, 400 - 33 - 1, 300), makecol(0, 255, 0)) << "and draws them";
+    EXPECT_EQ(aim.getSight().getDivergence(), 10);
+    const std::tuple<int, int, bool> cases[] = {{400, 300, false}, {391, 300, false}, {390, 300, true},
+                                                {384, 300, true},  {383, 300, false}, {416, 300, true},
+                                                {417, 300, false}, {400, 290, true},  {400, 283, false},
+                                                {400, 316, true},  {400, 317, false}, {395, 300, false}};
+    for (auto [x, y, drawn] : cases) {
+        EXPECT_EQ(getpixel(buffer, x, y) == makecol(0, 255, 0), drawn) << x << ", " << y;
+    }
 }
 
 }  // namespace

@@ -7,35 +7,36 @@
 
 #include "support/HeadlessGame.h"
 #include "support/TestFolder.h"
+#include "support/TestSupport.h"
 
 using Grevan::Animation;
 
 namespace {
 
-// One action block of a role description: id, delay, loop, strip, and `frames` frames of
-// width x height laid side by side.
-std::string actionBlock(int id, int delay, int loop, const std::string& strip, int frames, int width = 4,
-                        int height = 6) {
+// An action block of a role description: id, delay, loop, strip, and `frames` frames of 4 x 6
+// side by side.
+std::string actionBlock(int id, int delay, int loop, const std::string& strip, int frames) {
     std::string block = std::to_string(id) + " " + std::to_string(delay) + " " + std::to_string(loop) + " " +
                         strip + " " + std::to_string(frames) + "\n";
     for (int f = 0; f < frames; f++) {
-        block += std::to_string(f * width) + " 0 " + std::to_string((f + 1) * width) + " " +
-                 std::to_string(height) + "\n";
+        block += std::to_string(f * 4) + " 0 " + std::to_string(f * 4 + 4) + " 6\n";
     }
     return block;
 }
 
 class AnimationTest : public HeadlessGame {
   protected:
-    // A role with a walking action 0 (3 frames, delay 2, looping) and a dying action 3
-    // (2 frames, delay 0, not looping).
-    void loadWalkAndDie() {
-        std::string walk = folder.writeStrip("walk.bmp", 4, 6, 3);
-        std::string dieStrip = folder.writeStrip("die.bmp", 8, 3, 2);
-        animation.load(folder
-                           .writeFile("config.dat", "2\n" + actionBlock(0, 2, 1, walk, 3) +
-                                                        actionBlock(3, 0, 0, dieStrip, 2, 8, 3))
-                           .c_str());
+    // Loads a walking action 0 (3 frames, delay 2, looping) and a dying action 3 (2 frames,
+    // delay 0, not looping).
+    void SetUp() override {
+        strip = folder.writeStrip("strip.bmp", 4, 6, 21);
+        load(animation, "2\n" + actionBlock(0, 2, 1, strip, 3) + actionBlock(3, 0, 0, strip, 2));
+    }
+
+    // Loads a description into the animation; returns what loading printed.
+    std::string load(Animation& a, const std::string& text) {
+        std::string path = folder.writeFile("config.dat", text);
+        return GrevanTest::printedBy([&] { a.load(path.c_str()); });
     }
 
     std::vector<int> framesOver(int ticks) {
@@ -47,22 +48,30 @@ class AnimationTest : public HeadlessGame {
         return seen;
     }
 
+    // Draws the animation facing the direction into the cleared buffer.
+    BITMAP* drawn(Animation& a, int direction) {
+        a.setDirection(direction);
+        clear_to_color(buffer, 0);
+        a.draw(buffer, 0, 0);
+        return buffer;
+    }
+
     TestFolder folder;
+    std::string strip;
     Animation animation;
 };
 
 TEST_F(AnimationTest, EachFrameShowsForDelayPlusOneTicksAndLoops) {
-    loadWalkAndDie();
+    EXPECT_EQ(animation.getFrameWidth(), 0) << "no action set yet";
     animation.setAction(0);
     EXPECT_EQ(animation.getFrame(), 0);
     EXPECT_EQ(framesOver(10), (std::vector<int>{1, 1, 1, 2, 2, 2, 0, 0, 0, 1}));
+    EXPECT_EQ(animation.getFrameWidth(), 4);
 }
 
-TEST_F(AnimationTest, NonLoopingActionStaysOnItsLastFrame) {
-    loadWalkAndDie();
+TEST_F(AnimationTest, NonLoopingActionStaysOnItsLastFrameAndTheLoopOverrideWinsBothWays) {
     animation.setAction(3);
-    EXPECT_EQ(framesOver(5), (std::vector<int>{1, 1, 1, 1, 1}));
-    // The loop override turns the walking action into a one-shot, and the reverse.
+    EXPECT_EQ(framesOver(3), (std::vector<int>{1, 1, 1}));
     animation.setAction(0, false);
     EXPECT_EQ(framesOver(9).back(), 2);
     animation.setAction(3, true);
@@ -70,138 +79,73 @@ TEST_F(AnimationTest, NonLoopingActionStaysOnItsLastFrame) {
 }
 
 TEST_F(AnimationTest, UnknownActionKeepsActionFrameAndCountdownButLoopOverrideApplies) {
-    loadWalkAndDie();
     animation.setAction(0);
     framesOver(2);  // frame 1, one tick of its delay spent
     animation.setAction(7);
-    EXPECT_EQ(animation.getAction(), 0);
-    EXPECT_EQ(animation.getFrame(), 1);
     EXPECT_EQ(framesOver(2), (std::vector<int>{1, 2}));
     animation.setAction(7, false);
     EXPECT_FALSE(animation.isLooping());
     EXPECT_EQ(animation.getAction(), 0);
 }
 
-TEST_F(AnimationTest, SetFrameOutsideTheActionGivesFrameZero) {
-    loadWalkAndDie();
+TEST_F(AnimationTest, SetFrameOutsideTheActionGivesFrameZeroAndDirectionOneAloneMirrors) {
     animation.setAction(0);
-    struct Case {
-        int asked, expected;
-    } cases[] = {{-1, 0}, {0, 0}, {1, 1}, {2, 2}, {3, 0}, {100, 0}};
-    for (const Case& c : cases) {
-        animation.setFrame(c.asked);
-        EXPECT_EQ(animation.getFrame(), c.expected) << "setFrame(" << c.asked << ")";
+    for (int asked : {-1, 2, 3}) {
+        animation.setFrame(asked);
+        EXPECT_EQ(animation.getFrame(), asked == 2 ? 2 : 0) << "setFrame(" << asked << ")";
     }
-}
-
-TEST_F(AnimationTest, FrameSizeFollowsTheCurrentAction) {
-    loadWalkAndDie();
-    EXPECT_EQ(animation.getFrameWidth(), 0) << "no action set yet";
-    animation.setAction(0);
-    EXPECT_EQ(animation.getFrameWidth(), 4);
-    EXPECT_EQ(animation.getFrameHeight(), 6);
-    animation.setAction(3);
-    EXPECT_EQ(animation.getFrameWidth(), 8);
-    EXPECT_EQ(animation.getFrameHeight(), 3);
-}
-
-TEST_F(AnimationTest, DirectionOneAloneDrawsMirrored) {
-    loadWalkAndDie();
-    animation.setAction(0);
-    BITMAP* target = create_bitmap(4, 6);
-    int white = makecol(255, 255, 255);
-    struct Case {
-        int direction;
-        bool mirrored;
-    } cases[] = {{0, false}, {1, true}, {2, false}, {-1, false}};
-    for (const Case& c : cases) {
-        clear_to_color(target, makecol(0, 0, 0));
-        animation.setDirection(c.direction);
-        animation.draw(target, 0, 0);
-        EXPECT_EQ(getpixel(target, 0, 2) == white, !c.mirrored) << "direction " << c.direction;
-        EXPECT_EQ(getpixel(target, 3, 2) == white, c.mirrored) << "direction " << c.direction;
+    const int white = makecol(255, 255, 255);  // the strip marks each frame's left column
+    for (int direction : {0, 1, 2, -1}) {
+        EXPECT_EQ(getpixel(drawn(animation, direction), 0, 2) == white, direction != 1) << direction;
+        EXPECT_EQ(getpixel(drawn(animation, direction), 3, 2) == white, direction == 1) << direction;
     }
-    destroy_bitmap(target);
 }
 
 TEST_F(AnimationTest, DescriptionsThatGiveNothingDrawNothing) {
-    std::string strip = folder.writeStrip("walk.bmp", 4, 6, 3);
-    struct Case {
-        const char* what;
-        std::string text;
-    } cases[] = {
-        {"no actions", "0\n"},
-        {"empty file", ""},
-        {"not numbers", "two actions\n"},
-    };
-    BITMAP* target = create_bitmap(8, 8);
-    for (const Case& c : cases) {
+    for (std::string text : {"0\n", "", "two actions\n", "<absent>"}) {
         Animation empty;
-        empty.load(folder.writeFile("config.dat", c.text).c_str());
+        if (text == "<absent>") {
+            empty.load((folder.getPath() + "/absent.dat").c_str());
+        } else {
+            EXPECT_EQ(load(empty, text), "") << text;
+        }
         empty.setAction(0);
         empty.nextFrame();
-        clear_to_color(target, 0);
-        empty.draw(target, 0, 0);
-        EXPECT_FALSE(empty.hasAction(0)) << c.what;
-        EXPECT_EQ(getpixel(target, 1, 1), 0) << c.what;
-        EXPECT_EQ(empty.getFrameWidth(), 0) << c.what;
+        EXPECT_EQ(empty.getFrameWidth(), 0) << text;
+        EXPECT_EQ(GrevanTest::pixelsOf(drawn(empty, 0), 0), 800 * 600) << text;
     }
-    Animation missing;
-    testing::internal::CaptureStdout();
-    missing.load((folder.getPath() + "/absent.dat").c_str());
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "an unopenable file is ignored silently";
-    EXPECT_FALSE(missing.hasAction(0));
-    destroy_bitmap(target);
 }
 
 TEST_F(AnimationTest, BadActionBlocksEndLoadingWithAMessageAndKeepEarlierActions) {
-    std::string walk = folder.writeStrip("walk.bmp", 4, 6, 21);
     std::string absent = folder.getPath() + "/absent.bmp";
+    std::string config = folder.getPath() + "/config.dat";
     struct Case {
-        const char* what;
-        std::string secondBlock;
-        std::string message;
+        std::string block, message;
     } cases[] = {
-        {"21 frames", actionBlock(3, 0, 0, walk, 21), "gives 21 frames for action 3"},
-        {"negative frame count", "3 0 0 " + walk + " -1\n", "gives -1 frames for action 3"},
-        {"missing strip", actionBlock(3, 0, 0, absent, 2), "failed to load bitmap: " + absent},
+        {actionBlock(3, 0, 0, strip, 21), config + " gives 21 frames for action 3"},
+        {"3 0 0 " + strip + " -1\n", config + " gives -1 frames for action 3"},
+        {actionBlock(3, 0, 0, absent, 2), "failed to load bitmap: " + absent},
     };
     for (const Case& c : cases) {
-        std::string config =
-            folder.writeFile("config.dat", "3\n" + actionBlock(0, 0, 1, walk, 2) + c.secondBlock +
-                                               actionBlock(5, 0, 1, walk, 1));
         Animation partial;
-        testing::internal::CaptureStdout();
-        partial.load(config.c_str());
-        std::string printed = testing::internal::GetCapturedStdout();
-        EXPECT_NE(printed.find(c.message), std::string::npos) << c.what << ": " << printed;
-        if (c.message.rfind("failed", 0) != 0) {
-            EXPECT_NE(printed.find(config), std::string::npos) << c.what << " names the file: " << printed;
-        }
-        EXPECT_TRUE(partial.hasAction(0)) << c.what;
-        EXPECT_FALSE(partial.hasAction(3)) << c.what;
-        EXPECT_FALSE(partial.hasAction(5)) << c.what << ": loading stopped";
+        std::string printed =
+            load(partial, "3\n" + actionBlock(0, 0, 1, strip, 2) + c.block + actionBlock(5, 0, 1, strip, 1));
+        EXPECT_NE(printed.find(c.message), std::string::npos) << printed;
+        EXPECT_TRUE(partial.hasAction(0)) << c.message;
+        EXPECT_FALSE(partial.hasAction(3)) << c.message;
+        EXPECT_FALSE(partial.hasAction(5)) << c.message << ": loading stopped";
     }
 }
 
 TEST_F(AnimationTest, FrameOutsideItsStripIsLeftEmptyWithAMessage) {
-    std::string walk = folder.writeStrip("walk.bmp", 4, 6, 2);
-    std::string config =
-        folder.writeFile("config.dat", "1\n0 0 1 " + walk + " 3\n0 0 4 6\n-4 0 0 6\n8 0 12 6\n");
-    testing::internal::CaptureStdout();
-    animation.load(config.c_str());
-    std::string printed = testing::internal::GetCapturedStdout();
-    EXPECT_NE(printed.find("failed to create sub bitmap for " + walk), std::string::npos) << printed;
-    animation.setAction(0);
-    EXPECT_EQ(animation.getFrameWidth(), 4);
-    animation.nextFrame();
-    EXPECT_EQ(animation.getFrame(), 1);
-    EXPECT_EQ(animation.getFrameWidth(), 0) << "the empty slot has no size";
-    BITMAP* target = create_bitmap(8, 8);
-    clear_to_color(target, 0);
-    animation.draw(target, 0, 0);
-    EXPECT_EQ(getpixel(target, 1, 1), 0);
-    destroy_bitmap(target);
+    Animation partial;
+    std::string printed = load(partial, "1\n0 0 1 " + strip + " 3\n0 0 4 6\n-4 0 0 6\n84 0 88 6\n");
+    EXPECT_NE(printed.find("failed to create sub bitmap for " + strip), std::string::npos) << printed;
+    partial.setAction(0);
+    partial.nextFrame();
+    EXPECT_EQ(partial.getFrame(), 1);
+    EXPECT_EQ(partial.getFrameWidth(), 0) << "the empty slot has no size";
+    EXPECT_EQ(GrevanTest::pixelsOf(drawn(partial, 0), 0), 800 * 600);
 }
 
 }  // namespace

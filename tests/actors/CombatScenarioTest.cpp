@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <tuple>
 
-#include "actors/Bullet.h"
-#include "actors/Explosion.h"
 #include "actors/FireStar.h"
 #include "actors/Grenade.h"
-#include "actors/GrenadeThrown.h"
 #include "actors/Gun.h"
 #include "support/CombatScene.h"
 
@@ -14,65 +12,43 @@ using Grevan::Player;
 
 namespace {
 
-// A shooter at x 100 and a target at x 700 on the floor, the wall (when there is one) between.
+// `me` with a loaded gun at x 100 and a target at x 700 on the floor, the wall (if any) between.
 class CombatScenario : public CombatScene {
   protected:
     void setUpDuel(bool withWall) {
         loadLevel(withWall);
-        shooter = addStandingPlayer(100);
         target = addStandingPlayer(700, "raider");
-        gun = new Grevan::Gun(shooter);
-        shooter->setWeapon(1, gun);
-        shooter->setEquipment(1);
-        gun->addBullets(90);
-        runFrames(101);  // the first magazine is loaded
-        ASSERT_EQ(gun->getBulletCurrent(), 30);
+        gun = arm<Grevan::Gun>(me, 60);
     }
 
     // One shot at the target's left edge on its row `row` (0 is the top): the first pixel of
     // the target that the line meets.
     void shootAtRow(int row) {
         int y = target->getY() + row;
-        shooter->aim(target->getX(), y);
+        me->aim(target->getX(), y);
         ASSERT_TRUE(gun->fire(target->getX(), y));
     }
 
-    static bool isFireStar(Grevan::Object* o) { return dynamic_cast<Grevan::FireStar*>(o) != nullptr; }
-    Grevan::FireStar* newestFireStar() {
-        Grevan::FireStar* newest = nullptr;
-        for (Grevan::Object* o : game->getObjectSystem().getObjects()) {
-            if (auto* star = dynamic_cast<Grevan::FireStar*>(o)) {
-                newest = star;
-            }
-        }
-        return newest;
-    }
-
-    Player* shooter = nullptr;
     Player* target = nullptr;
     Grevan::Gun* gun = nullptr;
 };
 
 TEST_F(CombatScenario, ABulletEndsAtTheTargetsFirstPixelOrAtTheWall) {
-    struct Case {
-        bool wall;
-        int endX;  // where the fire star appears
-    } cases[] = {{false, 700}, {true, kWallLeft}};
-    for (const Case& c : cases) {
-        setUpDuel(c.wall);
+    for (bool wall : {false, true}) {
+        setUpDuel(wall);
         shootAtRow(40);
         runFrames(8);
-        Grevan::FireStar* star = newestFireStar();
-        ASSERT_NE(star, nullptr) << "wall " << c.wall;
-        EXPECT_EQ(star->getX(), c.endX) << "wall " << c.wall;
-        if (!c.wall) {
-            EXPECT_EQ(star->getY(), target->getY() + 40);
+        std::vector<Grevan::FireStar*> stars = GrevanTest::objectsOf<Grevan::FireStar>(objects());
+        ASSERT_EQ(stars.size(), 1u) << "wall " << wall;
+        EXPECT_EQ(stars[0]->getX(), wall ? kWallLeft : 700) << "wall " << wall;
+        if (!wall) {
+            EXPECT_EQ(stars[0]->getY(), target->getY() + 40);
         }
-        EXPECT_EQ(target->getHealth(), 100 - (c.wall ? 0 : 1)) << "row 40 of 48 does 1";
+        EXPECT_EQ(target->getHealth(), 100 - (wall ? 0 : 1)) << "row 40 of 48 does 1";
     }
 }
 
-TEST_F(CombatScenario, TheTargetIsHitOnlyWhenItStandsOnTheEndPointOnArrival) {
+TEST_F(CombatScenario, TheTargetIsHitOnlyWhenItStandsOnTheEndPointOnArrivalAndTheShooterNever) {
     setUpDuel(false);
     Player* stranger = addStandingPlayer(400, "raider");
     teleport(stranger, 400, 100);  // out of the line when the shot is fired
@@ -87,85 +63,54 @@ TEST_F(CombatScenario, TheTargetIsHitOnlyWhenItStandsOnTheEndPointOnArrival) {
     runFrames(7);
     EXPECT_EQ(target->getHealth(), 100);
     EXPECT_EQ(stranger->getHealth(), 90);
-    EXPECT_EQ(shooter->getHealth(), 100);
+    runFrames(7);
+    ASSERT_TRUE(gun->fire(me->getX() + 2, me->getY() + 2));  // at my own picture
+    runFrames(3);
+    EXPECT_EQ(me->getHealth(), 100);
 }
 
 TEST_F(CombatScenario, ATopRowKillCreditsAKillAndAHeadShotAndATopRowWoundCreditsNothing) {
     setUpDuel(false);
     target->setHealth(15);
-    struct Step {
-        int health, kills, headshots;
-    } steps[] = {{5, 0, 0}, {0, 1, 1}};
-    for (const Step& s : steps) {
+    const std::tuple<int, int, int> steps[] = {
+        {0, 5, 0}, {0, 0, 1}, {10, 0, 1}};     // a corpse is not killed again
+    for (auto [row, health, kills] : steps) {  // each kill here is a head shot
         runFrames(7);
-        shootAtRow(0);
+        shootAtRow(row);
         runFrames(8);
-        EXPECT_EQ(target->getHealth(), s.health);
-        EXPECT_EQ(shooter->getKills(), s.kills);
-        EXPECT_EQ(shooter->getHeadshots(), s.headshots);
+        EXPECT_EQ(target->getHealth(), health);
+        EXPECT_EQ(me->getKills(), kills);
+        EXPECT_EQ(me->getHeadshots(), kills);
     }
     EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 1);
-    runFrames(7);
-    shootAtRow(10);
-    runFrames(8);
-    EXPECT_EQ(shooter->getKills(), 1) << "a corpse is not killed again";
-}
-
-TEST_F(CombatScenario, AShotAtTheShootersOwnPictureNeverHitsHim) {
-    setUpDuel(false);
-    int x = shooter->getX() + 2;
-    int y = shooter->getY() + 2;
-    ASSERT_TRUE(gun->fire(x, y));
-    runFrames(3);
-    EXPECT_EQ(shooter->getHealth(), 100);
 }
 
 TEST_F(CombatScenario, AThrownGrenadeBouncesSoundsAtMostEveryFiveFramesAndExplodes) {
-    loadLevel(false);
-    Player* thrower = addStandingPlayer(100);
     Player* bystander = addStandingPlayer(200, "raider");
-    Grevan::Grenade* grenades = new Grevan::Grenade(thrower);
-    thrower->setWeapon(3, grenades);
-    thrower->setEquipment(3);
-    grenades->addBullets(1);
-    runFrames(51);
-    ASSERT_EQ(grenades->getBulletCurrent(), 1);
-    // Thrown at the thrower's feet: it leaves his hand, lands on the floor and bounces.
-    thrower->fire(thrower->getCentralX(), thrower->getCentralY() + 100);
+    arm<Grevan::Grenade>(me, 0);
+    // Thrown at my feet: it leaves my hand, lands on the floor and bounces.
+    me->fire(me->getCentralX(), me->getCentralY() + 100);
     game->getSoundSystem().removeSound("grenade_hitground");
     game->getSoundSystem().removeSound("grenade_explode");
-    std::string printed = printedBy([&] {
-        time_t start = time(nullptr);
-        for (int frame = 0; time(nullptr) - start < 3; frame++) {
-            printf("frame %d\n", frame);
-            runFrames(1);
-            thrower->holdFire();
+    int bounces = 0;
+    int lastBounce = -5;
+    int explosions = 0;
+    time_t start = time(nullptr);
+    for (int frame = 0; explosions == 0 && time(nullptr) - start < 3; frame++) {
+        std::string printed = GrevanTest::printedBy([&] { runFrames(1); });
+        me->holdFire();
+        if (printed.find("grenade_hitground") != std::string::npos) {
+            EXPECT_GE(frame - lastBounce, 5) << "bounce sounds at frames " << lastBounce << " and " << frame;
+            lastBounce = frame;
+            bounces++;
         }
-    });
-    std::vector<int> bounceFrames;
-    int explodeFrame = -1;
-    int frame = -1;
-    size_t at = 0;
-    while (at < printed.size()) {
-        size_t end = printed.find('\n', at);
-        std::string line = printed.substr(at, end - at);
-        at = end + 1;
-        if (line.rfind("frame ", 0) == 0) {
-            frame = std::stoi(line.substr(6));
-        } else if (line.find("grenade_hitground") != std::string::npos) {
-            bounceFrames.push_back(frame);
-        } else if (line.find("grenade_explode") != std::string::npos) {
-            EXPECT_EQ(explodeFrame, -1) << "one explosion";
-            explodeFrame = frame;
-        }
+        explosions += printed.find("grenade_explode") != std::string::npos ? 1 : 0;
     }
-    ASSERT_GE(explodeFrame, 0) << "the fuse burns within two seconds";
-    ASSERT_FALSE(bounceFrames.empty()) << "the grenade lands on the floor";
-    for (size_t i = 1; i < bounceFrames.size(); i++) {
-        EXPECT_GE(bounceFrames[i] - bounceFrames[i - 1], 5);
-    }
+    EXPECT_EQ(GrevanTest::printedBy([&] { runFrames(10); }).find("grenade_explode"), std::string::npos);
+    EXPECT_EQ(explosions, 1) << "the fuse burns within two seconds";
+    EXPECT_GT(bounces, 0) << "the grenade lands on the floor";
     EXPECT_LT(bystander->getHealth(), 100) << "the blast reaches a player nearby";
-    EXPECT_LT(thrower->getHealth(), 100) << "the thrower is not exempt";
+    EXPECT_LT(me->getHealth(), 100) << "the thrower is not exempt";
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
+#include <tuple>
 
 #include "actors/Blood.h"
 #include "actors/Gun.h"
@@ -12,69 +12,51 @@
 
 using Grevan::Player;
 using Grevan::PlayerAction;
+using GrevanTest::printedBy;
 
 namespace {
 
-using PlayerTest = CombatScene;
+class PlayerTest : public CombatScene {
+  protected:
+    // The blood that joined the registry by the end of the next frame.
+    size_t bloodAfterAFrame() {
+        runFrames(1);
+        return GrevanTest::objectsOf<Grevan::Blood>(objects()).size();
+    }
+};
 
 TEST_F(PlayerTest, InitializeDrawsTheIdThenTheColourBlueFirst) {
-    srand(77);
-    int id = rand();
-    int first = rand();
-    int second = rand();
-    int third = rand();
-    srand(77);
+    std::vector<int> draws = GrevanTest::upcomingRandoms(77, 4);
     Player p;
-    EXPECT_EQ(p.getPlayerId(), id);
-    EXPECT_EQ(p.getColor(), makecol(third % 255, second % 255, first % 255));
-    EXPECT_EQ(p.getName(), "NoName");
-    EXPECT_EQ(p.getHealth(), 100);
-    EXPECT_EQ(p.getMass(), 50);
+    EXPECT_EQ(p.getPlayerId(), draws[0]);
+    EXPECT_EQ(p.getColor(), makecol(draws[3] % 255, draws[2] % 255, draws[1] % 255));
 }
 
 TEST_F(PlayerTest, ReleasingOneKeyHandsTheWalkToTheOtherAndReleasingBothStopsEverything) {
-    Player p("walker", "soldier");
-    struct Step {
-        const char* what;
-        void (Player::*command)(bool);
-        bool on;
-        bool walking;
-        int direction;
-    } steps[] = {
-        {"left down", &Player::moveLeft, true, true, 1},
-        {"right down", &Player::moveRight, true, true, 0},
-        {"left up", &Player::moveLeft, false, true, 0},
-        {"left down again", &Player::moveLeft, true, true, 1},
-        {"right up", &Player::moveRight, false, true, 1},
-        {"left up", &Player::moveLeft, false, false, 1},
-    };
-    p.fire(1, 2);
-    p.jump(true);
-    for (const Step& s : steps) {
-        (p.*s.command)(s.on);
-        EXPECT_EQ(p.getState() == Grevan::PLAYER_WALK, s.walking) << s.what;
-        EXPECT_EQ(p.getAnimation().getDirection(), s.direction) << s.what;
+    const std::tuple<const char*, bool, bool, int> steps[] = {
+        {"left", true, true, 1}, {"right", true, true, 0},  {"left", false, true, 0},
+        {"left", true, true, 1}, {"right", false, true, 1}, {"left", false, false, 1},
+    };  // the key, pressed or released, walking afterwards, direction afterwards (1 faces left)
+    me->fire(1, 2);
+    me->jump(true);
+    for (auto [key, pressed, walking, direction] : steps) {
+        std::string(key) == "left" ? me->moveLeft(pressed) : me->moveRight(pressed);
+        EXPECT_EQ(me->getState() == Grevan::PLAYER_WALK, walking) << key << " " << pressed;
+        EXPECT_EQ(me->getAnimation().getDirection(), direction) << key << " " << pressed;
     }
-    EXPECT_FALSE(p.isFiring()) << "stopping also stops firing";
-    EXPECT_FALSE(p.isJumping()) << "stopping also stops jumping";
-    EXPECT_FALSE(p.isMovingLeft() || p.isMovingRight());
+    EXPECT_FALSE(me->isFiring()) << "stopping also stops firing";
+    EXPECT_FALSE(me->isJumping()) << "stopping also stops jumping";
 }
 
 TEST_F(PlayerTest, ScriptedWalkRunsAtThreePixelsAFrameAndClosesTheLastPixelsSlower) {
-    struct Case {
-        float start;
-        int target;
-        std::vector<float> positions;  // x after each move while the walk is on
-    } cases[] = {
-        {90.0f, 100, {93.0f, 96.0f, 99.0f, 100.0f}},
-        {110.0f, 100, {107.0f, 104.0f, 101.0f, 100.0f}},
-        {100.5f, 100, {}},
-        {98.5f, 100, {100.0f}},
-    };
-    for (const Case& c : cases) {
+    const std::pair<float, std::vector<float>> cases[] = {{90.0f, {93.0f, 96.0f, 99.0f, 100.0f}},
+                                                          {110.0f, {107.0f, 104.0f, 101.0f, 100.0f}},
+                                                          {100.5f, {}},
+                                                          {98.5f, {100.0f}}};
+    for (auto [start, positions] : cases) {  // x after each move while the walk is on
         Player p("walker", "soldier");
-        p.setPosition(Vector(c.start, 0.0f));
-        p.setAction(PlayerAction{Grevan::ACTION_MOVE_TO, c.target, 0});
+        p.setPosition(Vector(start, 0.0f));
+        p.setAction(PlayerAction{Grevan::ACTION_MOVE_TO, 100, 0});
         std::vector<float> seen;
         for (int frame = 0; frame < 10 && p.isPlayerActionOn(); frame++) {
             p.move();
@@ -82,155 +64,102 @@ TEST_F(PlayerTest, ScriptedWalkRunsAtThreePixelsAFrameAndClosesTheLastPixelsSlow
                 seen.push_back(p.getPosition().x);
             }
         }
-        EXPECT_FALSE(p.isPlayerActionOn()) << "from " << c.start;
-        ASSERT_EQ(seen.size(), c.positions.size()) << "from " << c.start;
-        for (size_t i = 0; i < seen.size(); i++) {
-            EXPECT_NEAR(seen[i], c.positions[i], 1e-4) << "from " << c.start << ", move " << i;
-        }
+        EXPECT_FALSE(p.isPlayerActionOn()) << "from " << start;
+        EXPECT_EQ(seen, positions) << "from " << start;
         EXPECT_EQ(p.getState(), Grevan::PLAYER_STAND) << "a scripted walk leaves the state alone";
     }
 }
 
-TEST_F(PlayerTest, DamageFollowsTheRowHitAndOnlyTheTopRowIsAHeadShot) {
-    loadLevel(false);
-    Player* target = addStandingPlayer(100);
-    int top = target->getY();
-    int h = target->getHeight();
-    ASSERT_EQ(h, 48);
-    struct Case {
-        int y;
-        int damage;
-        bool headshot;
-    } cases[] = {{top, 10, true},
-                 {top + 1, 9, false},
-                 {top + h / 2, 5, false},
-                 {top + h - 1, 0, false},
-                 {top + h, 0, false}};
-    Vector impulse(1.0f, 0.0f);
-    for (const Case& c : cases) {
-        target->setHealth(100);
-        int bloodBefore =
-            countObjects([](Grevan::Object* o) { return dynamic_cast<Grevan::Blood*>(o) != nullptr; });
-        EXPECT_EQ(target->hit(target->getX() + 3, c.y, impulse), c.headshot) << "row " << c.y - top;
-        EXPECT_EQ(target->getHealth(), 100 - c.damage) << "row " << c.y - top;
-        runFrames(1);  // blood joins the registry at the end of the frame
-        int bloodAfter =
-            countObjects([](Grevan::Object* o) { return dynamic_cast<Grevan::Blood*>(o) != nullptr; });
-        EXPECT_EQ(bloodAfter - bloodBefore, c.damage) << "one droplet per point of damage";
+TEST_F(PlayerTest, DamageFollowsTheRowHitOnlyTheTopRowIsAHeadShotAndEveryHitStopsTheWalk) {
+    int top = me->getY();
+    const std::tuple<int, int, bool> cases[] = {
+        {0, 10, true}, {1, 9, false}, {me->getHeight() / 2, 5, false}, {me->getHeight() - 1, 0, false}};
+    for (auto [row, damage, headshot] : cases) {
+        me->setHealth(100);
+        me->moveRight(true);
+        size_t blood = bloodAfterAFrame();
+        EXPECT_EQ(me->hit(me->getX() + 3, top + row, Vector(1.0f, 0.0f)), headshot) << "row " << row;
+        EXPECT_EQ(me->getHealth(), 100 - damage) << "row " << row;
+        EXPECT_FALSE(me->isMovingRight());
+        EXPECT_EQ(bloodAfterAFrame() - blood, static_cast<size_t>(damage)) << "a drop a point";
     }
 }
 
 TEST_F(PlayerTest, TenTopRowHitsKillAndRaiseOnKillOnceCorpseHitsOnlyBleed) {
-    loadLevel(false);
-    Player* target = addStandingPlayer(100);
-    Vector impulse(1.0f, 0.0f);
     for (int i = 1; i <= 12; i++) {
-        EXPECT_TRUE(target->hit(target->getX(), target->getY(), impulse));
-        EXPECT_EQ(target->isAlive(), i < 10) << "after hit " << i;
+        EXPECT_TRUE(me->hit(me->getX(), me->getY(), Vector(1.0f, 0.0f)));
+        EXPECT_EQ(me->isAlive(), i < 10) << "after hit " << i;
     }
-    EXPECT_EQ(target->getHealth(), 0);
-    EXPECT_EQ(target->getState(), Grevan::PLAYER_DEAD);
-    Grevan::ScriptSystem& scripts = game->getScriptSystem();
-    ASSERT_EQ(scripts.getPendingEventCount(), 1);
-    std::unique_ptr<Grevan::ScriptEvent> kill = scripts.takeEvent();
-    EXPECT_EQ(kill->name, "OnKill");
-    EXPECT_EQ(kill->arg1, target->getId());
-    EXPECT_EQ(kill->arg2, target->getX());
-    EXPECT_EQ(kill->arg3, target->getY());
-    runFrames(1);
-    EXPECT_EQ(countObjects([](Grevan::Object* o) { return dynamic_cast<Grevan::Blood*>(o) != nullptr; }),
-              120);
-}
-
-TEST_F(PlayerTest, BottomRowHitDoesNoDamageButStopsTheWalk) {
-    loadLevel(false);
-    Player* target = addStandingPlayer(100);
-    target->moveRight(true);
-    target->hit(target->getX(), target->getY() + target->getHeight(), Vector(1.0f, 0.0f));
-    EXPECT_EQ(target->getHealth(), 100);
-    EXPECT_EQ(target->getState(), Grevan::PLAYER_STAND);
-    EXPECT_FALSE(target->isMovingRight());
+    EXPECT_EQ(me->getState(), Grevan::PLAYER_DEAD);
+    std::string at = std::to_string(me->getX()) + " " + std::to_string(me->getY());
+    EXPECT_EQ(GrevanTest::takeEvent(game->getScriptSystem()),
+              "OnKill  " + std::to_string(me->getId()) + " " + at);
+    EXPECT_EQ(GrevanTest::takeEvent(game->getScriptSystem()), "none") << "raised once";
+    EXPECT_EQ(bloodAfterAFrame(), 120u);
 }
 
 TEST_F(PlayerTest, HoldingJumpJumpsOnEveryLandingAndNeverInTheAir) {
-    loadLevel(false);
-    Player* p = addStandingPlayer(100);
-    int groundY = p->getY();
-    p->jump(true);
+    int groundY = me->getY();
+    me->jump(true);
     int takeOffs = 0;
-    bool wasFree = false;
     for (int frame = 0; frame < 400; frame++) {
-        float vyBefore = p->getVelocity().y;
+        bool wasFree = me->isFree();
+        float vyBefore = me->getVelocity().y;
         runFrames(1);
-        bool free = p->isFree();
-        if (vyBefore >= 0.0f && p->getVelocity().y < -1.0f) {
+        if (vyBefore >= 0.0f && me->getVelocity().y < -1.0f) {
             takeOffs++;
             EXPECT_FALSE(wasFree) << "a jump started in the air at frame " << frame;
         }
-        wasFree = free;
     }
     EXPECT_GE(takeOffs, 3) << "one jump per landing";
-    p->jump(false);
+    me->jump(false);
     runFrames(200);
-    EXPECT_EQ(p->getY(), groundY);
+    EXPECT_EQ(me->getY(), groundY);
 }
 
-TEST_F(PlayerTest, SlotZeroIsNeverUsedButIsTheCurrentWeaponAtEquipmentZero) {
-    loadLevel(false);
-    Player* p = addStandingPlayer(100);
-    Grevan::Gun* inSlotZero = new Grevan::Gun(p);
+TEST_F(PlayerTest, SlotZeroIsNeverUsedAndReplacingTheWeaponInHandDeselectsIt) {
+    Grevan::Gun* inSlotZero = new Grevan::Gun(me);
     inSlotZero->addBullets(30);
-    p->setWeapon(0, inSlotZero);
-    EXPECT_EQ(p->getCurrentWeapon(), inSlotZero);
-    p->fire(600, p->getY());
+    me->setWeapon(0, inSlotZero);
+    EXPECT_EQ(me->getCurrentWeapon(), inSlotZero);
+    me->fire(600, me->getY());
     runFrames(120);
-    EXPECT_EQ(inSlotZero->getBulletCurrent(), 0) << "never moved, so never reloaded";
     EXPECT_EQ(inSlotZero->getBulletTotal(), 30) << "never fired";
-}
+    EXPECT_EQ(inSlotZero->getBulletCurrent(), 0) << "never moved, so never reloaded";
 
-TEST_F(PlayerTest, ReplacingTheWeaponInHandDeselectsIt) {
-    Player p("holder", "soldier");
-    p.setWeapon(1, new Grevan::Gun(&p));
-    p.setWeapon(2, new Grevan::Pistol(&p));
-    p.setEquipment(1);
-    Grevan::Pistol* replacement = new Grevan::Pistol(&p);
-    p.setWeapon(1, replacement);
-    EXPECT_EQ(p.getEquipment(), 0);
-    EXPECT_EQ(p.getWeapon(1), replacement);
-    p.setEquipment(2);
-    p.setWeapon(1, new Grevan::Gun(&p));
-    EXPECT_EQ(p.getEquipment(), 2) << "replacing another slot keeps the choice";
-    EXPECT_EQ(printedBy([&p] { p.setWeapon(4, new Grevan::Gun(&p)); }), "No weapon slot 4\n");
+    me->setWeapon(1, new Grevan::Gun(me));
+    me->setWeapon(2, new Grevan::Pistol(me));
+    me->setEquipment(1);
+    me->setWeapon(1, new Grevan::Pistol(me));  // the old gun is deleted (LeakSanitizer watches)
+    EXPECT_EQ(me->getEquipment(), 0);
+    me->setEquipment(2);
+    me->setWeapon(1, new Grevan::Gun(me));
+    EXPECT_EQ(me->getEquipment(), 2) << "replacing another slot keeps the choice";
+    EXPECT_EQ(printedBy([&] { me->setWeapon(4, new Grevan::Gun(me)); }), "No weapon slot 4\n");
 }
 
 TEST_F(PlayerTest, RoleWithoutWalkingActionLeavesThePlayerWithoutAPicture) {
     std::string strip = folder.writeStrip("die.bmp", 10, 12, 2);
     folder.writeFile("dying-only/config.dat", "1\n3 0 0 " + strip + " 2\n0 0 10 12\n10 0 20 12\n");
-    struct Case {
-        std::string role;
-    } cases[] = {{"nobody"}, {folder.reachFrom("image/role", "dying-only")}};
-    for (const Case& c : cases) {
+    for (std::string role : {std::string("nobody"), folder.reachFrom("image/role", "dying-only")}) {
         std::unique_ptr<Player> p;
-        std::string printed = printedBy([&] { p = std::make_unique<Player>("ghost", c.role); });
-        EXPECT_NE(printed.find("Role " + c.role + " has no picture"), std::string::npos) << printed;
-        EXPECT_EQ(p->getWidth(), 0) << c.role;
-        EXPECT_EQ(p->getHeight(), 0) << c.role;
+        std::string printed = printedBy([&] { p = std::make_unique<Player>("ghost", role); });
+        EXPECT_NE(printed.find("Role " + role + " has no picture"), std::string::npos) << printed;
         p->moveRight(true);
         p->move();
         p->die();
         p->move();
         clear_to_color(buffer, 0);
         p->draw(buffer, 0, 0);
-        EXPECT_EQ(p->getWidth(), 0) << c.role;
-        EXPECT_EQ(getpixel(buffer, 2, 2), 0) << c.role;
+        EXPECT_EQ(p->getWidth() + p->getHeight(), 0) << role;
+        EXPECT_EQ(GrevanTest::pixelsOf(buffer, 0), 800 * 600) << role;
     }
 }
 
-TEST_F(PlayerTest, PlayersWalkThroughBloodAndCorpsesAndBumpingEndsAScriptedWalk) {
+TEST_F(PlayerTest, PlayersWalkThroughCorpsesAndBumpingEndsAScriptedWalk) {
     loadLevel(true);
     Player* walker = addStandingPlayer(300);
-    Player* corpse = addStandingPlayer(360);
-    corpse->die();
+    addStandingPlayer(360)->die();
     walker->setAction(PlayerAction{Grevan::ACTION_MOVE_TO, 470, 0});
     runFrames(200);
     EXPECT_FALSE(walker->isPlayerActionOn());
@@ -238,41 +167,20 @@ TEST_F(PlayerTest, PlayersWalkThroughBloodAndCorpsesAndBumpingEndsAScriptedWalk)
     EXPECT_GT(walker->getX(), 400) << "passed the corpse";
 }
 
-}  // namespace
-
-namespace {
-
-int differences(BITMAP* a, BITMAP* b) {
-    int count = 0;
-    for (int y = 0; y < a->h; y++) {
-        for (int x = 0; x < a->w; x++) {
-            count += getpixel(a, x, y) != getpixel(b, x, y) ? 1 : 0;
-        }
-    }
-    return count;
-}
-
 TEST_F(PlayerTest, ALivePlayerDrawsTheWeaponInHandAndACorpseDrawsNone) {
-    loadLevel(false);
-    Player* p = addStandingPlayer(100);
-    p->setWeapon(1, new Grevan::Gun(p));
-    p->setWeapon(2, new Grevan::Pistol(p));
+    me->setWeapon(1, new Grevan::Gun(me));
+    me->setWeapon(2, new Grevan::Pistol(me));
     BITMAP* bare = create_bitmap(buffer->w, buffer->h);
-    struct Case {
-        bool alive;
-        int equipment;
-        bool weaponDrawn;
-    } cases[] = {{true, 1, true}, {true, 2, true}, {true, 3, false}, {false, 1, false}};
-    for (const Case& c : cases) {
-        p->setHealth(c.alive ? 100 : 0);
-        p->setEquipment(c.equipment);
-        clear_to_color(buffer, 0);
-        p->draw(buffer, 0, 0);
-        p->setEquipment(0);
-        clear_to_color(bare, 0);
-        p->draw(bare, 0, 0);
-        EXPECT_EQ(differences(buffer, bare) > 0, c.weaponDrawn)
-            << "alive " << c.alive << ", slot " << c.equipment;
+    const std::tuple<bool, int, bool> cases[] = {
+        {true, 1, true}, {true, 2, true}, {true, 3, false}, {false, 1, false}};
+    for (auto [alive, inHand, weaponDrawn] : cases) {
+        me->setHealth(alive ? 100 : 0);
+        for (int equipment : {0, inHand}) {
+            me->setEquipment(equipment);
+            clear_to_color(equipment ? buffer : bare, 0);
+            me->draw(equipment ? buffer : bare, 0, 0);
+        }
+        EXPECT_EQ(GrevanTest::differingPixels(buffer, bare) > 0, weaponDrawn) << "slot " << inHand;
     }
     destroy_bitmap(bare);
 }

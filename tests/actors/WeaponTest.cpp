@@ -4,12 +4,10 @@
 
 #include "actors/Bullet.h"
 #include "actors/Grenade.h"
-#include "actors/GrenadeThrown.h"
 #include "actors/Gun.h"
 #include "actors/Pistol.h"
 #include "support/CombatScene.h"
 
-using Grevan::Grenade;
 using Grevan::Gun;
 using Grevan::Pistol;
 using Grevan::Player;
@@ -17,64 +15,28 @@ using Grevan::Weapon;
 
 namespace {
 
-class WeaponTest : public CombatScene {
-  protected:
-    void SetUp() override {
-        loadLevel(false);
-        shooter = addStandingPlayer(100);
-    }
-
-    // A weapon of the shooter's in slot 1, in hand, with a full magazine and `spare` rounds.
-    template <typename Kind>
-    Kind* arm(int spare) {
-        Kind* w = new Kind(shooter);
-        shooter->setWeapon(1, w);
-        shooter->setEquipment(1);
-        w->addBullets(w->getMagazineSize());
-        runUntilReady(w);
-        w->addBullets(spare);
-        return w;
-    }
-
-    void runUntilReady(Weapon* w) {
-        for (int i = 0; i < 200 && (w->getTimer() > 0 || w->getBulletCurrent() == 0); i++) {
-            w->move();
-        }
-    }
-
-    static bool isBullet(Grevan::Object* o) { return dynamic_cast<Grevan::Bullet*>(o) != nullptr; }
-
-    Player* shooter = nullptr;
-};
+using WeaponTest = CombatScene;
 
 TEST_F(WeaponTest, HeldFireShootsOnceEveryFireDelayFrames) {
-    struct Kind {
-        const char* name;
-        int fireDelay;
-        int magazine;
-    } kinds[] = {{"gun", 7, 30}, {"pistol", 15, 20}};
-    for (const Kind& k : kinds) {
-        Weapon* w = std::string(k.name) == "gun" ? static_cast<Weapon*>(arm<Gun>(0)) : arm<Pistol>(0);
-        EXPECT_EQ(w->getFireDelay(), k.fireDelay);
-        EXPECT_EQ(w->getBulletCurrent(), k.magazine);
-        shooter->fire(900, shooter->getY() + 10);
+    for (int fireDelay : {7, 15}) {
+        Weapon* w = fireDelay == 7 ? static_cast<Weapon*>(arm<Gun>(me, 0)) : arm<Pistol>(me, 0);
+        me->fire(900, me->getY() + 10);
         std::vector<int> shotFrames;
-        for (int frame = 0; frame < 3 * k.fireDelay + 1; frame++) {
+        for (int frame = 0; frame < 3 * fireDelay + 1; frame++) {
             int before = w->getBulletCurrent();
-            shooter->move();
+            me->move();
             if (w->getBulletCurrent() < before) {
                 shotFrames.push_back(frame);
             }
         }
-        EXPECT_EQ(shotFrames, (std::vector<int>{0, k.fireDelay, 2 * k.fireDelay, 3 * k.fireDelay})) << k.name;
-        shooter->holdFire();
+        EXPECT_EQ(shotFrames, (std::vector<int>{0, fireDelay, 2 * fireDelay, 3 * fireDelay}));
+        me->holdFire();
     }
 }
 
 TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) {
-    Gun* gun = new Gun(shooter);
-    shooter->setWeapon(1, gun);
-    shooter->setEquipment(1);
+    Gun* gun = new Gun(me);
+    me->setWeapon(1, gun);
     gun->addBullets(45);
     EXPECT_EQ(gun->getBulletTotal(), 45);
     int plays = playsOf("gun_reload", [&] {
@@ -88,176 +50,103 @@ TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) 
     EXPECT_EQ(plays, 1);
     EXPECT_EQ(gun->getBulletCurrent(), 30);
     EXPECT_EQ(gun->getBulletTotal(), 45);
-    EXPECT_FALSE(gun->isReloading());
 }
 
 TEST_F(WeaponTest, TheLastRoundStartsAReloadOnlyWhenThereIsAReserve) {
-    struct Case {
-        int spare;
-        bool reloads;
-    } cases[] = {{0, false}, {1, true}, {50, true}};
-    for (const Case& c : cases) {
-        Pistol* pistol = arm<Pistol>(c.spare);
+    for (int spare : {0, 1, 50}) {
+        Pistol* pistol = arm<Pistol>(me, spare);
         while (pistol->getBulletCurrent() > 1) {
             pistol->reduceBullet();
         }
         EXPECT_TRUE(pistol->fire(900, 100));
-        EXPECT_EQ(pistol->isReloading(), c.reloads) << c.spare;
-        EXPECT_EQ(pistol->getTimer(), c.reloads ? 60 : 15) << c.spare;
+        EXPECT_EQ(pistol->isReloading(), spare > 0) << spare;
+        EXPECT_EQ(pistol->getTimer(), spare > 0 ? 60 : 15) << spare;
         runUntilReady(pistol);
-        EXPECT_EQ(pistol->getBulletCurrent(), std::min(c.spare, 20)) << c.spare;
-        EXPECT_FALSE(pistol->fire(900, 100) && c.spare == 0) << "an empty weapon cannot fire";
+        EXPECT_EQ(pistol->getBulletCurrent(), std::min(spare, 20)) << spare;
+        EXPECT_EQ(pistol->fire(900, 100), spare > 0) << "an empty weapon cannot fire";
     }
 }
 
 TEST_F(WeaponTest, AGrenadeReloadRestartsWhileTheButtonIsHeld) {
-    Grenade* grenade = arm<Grenade>(3);
-    shooter->fire(300, 200);
-    shooter->move();
-    EXPECT_EQ(grenade->getBulletCurrent(), 0) << "thrown";
+    Grevan::Grenade* grenade = arm<Grevan::Grenade>(me, 3);
+    me->fire(300, 200);
     for (int frame = 0; frame < 120; frame++) {
-        shooter->move();
-        EXPECT_EQ(grenade->getBulletCurrent(), 0) << "held at frame " << frame;
+        me->move();
+        EXPECT_EQ(grenade->getBulletCurrent(), 0) << "thrown, and held at frame " << frame;
     }
-    shooter->holdFire();
+    me->holdFire();
     int frames = 0;
     while (grenade->getBulletCurrent() == 0 && frames < 100) {
-        shooter->move();
+        me->move();
         frames++;
     }
     // Counted from the last held frame, whose own move started the 50-frame reload.
     EXPECT_EQ(frames, 49) << "ready on the 50th frame";
 }
 
-TEST_F(WeaponTest, AimAnglesByQuadrant) {
-    Gun gun(shooter);
+TEST_F(WeaponTest, AimAnglesByQuadrantAndOnlyTheLeftHalfIsDrawnMirrored) {
+    Gun gun(me);
+    BITMAP* picture = gun.getImage();
+    ASSERT_NE(picture, nullptr);
+    BITMAP* expected = create_bitmap(buffer->w, buffer->h);
     struct Case {
         int dx, dy, angle;
-    } cases[] = {{10, 10, 224}, {10, -10, 32}, {-10, 10, 160}, {-10, -10, 96}, {0, 10, 64},
-                 {0, -10, 64},  {10, 0, 0},    {-10, 0, 128},  {0, 0, 64},     {100, -1, 0}};
+    } cases[] = {{10, 10, 224}, {10, -10, 32}, {-10, 10, 160}, {-10, -10, 96}, {0, 10, 64},  {0, -10, 64},
+                 {-10, 0, 128}, {0, 0, 64},    {100, -1, 0},   {-1, -41, 65},  {-1, 41, 191}};
     for (const Case& c : cases) {
         gun.setTarget(c.dx, c.dy);
         EXPECT_EQ(gun.getAngle(), c.angle) << c.dx << ", " << c.dy;
-    }
-}
-
-TEST_F(WeaponTest, PointingIntoTheLeftHalfDrawsMirrored) {
-    Gun gun(shooter);
-    ASSERT_NE(gun.getImage(), nullptr);
-    BITMAP* expected = create_bitmap(100, 100);
-    struct Case {
-        int dx, dy;
-        int angle;
-        bool mirrored;
-    } cases[] = {{0, 10, 64, false},  {-1, -41, 65, true}, {-10, 0, 128, true},
-                 {-1, 41, 191, true}, {0, 0, 64, false},   {10, 10, 224, false}};
-    for (const Case& c : cases) {
-        gun.setTarget(c.dx, c.dy);
-        ASSERT_EQ(gun.getAngle(), c.angle);
         clear_to_color(buffer, 0);
         gun.draw(buffer, 50, 50);
         clear_to_color(expected, 0);
-        BITMAP* picture = gun.getImage();
-        int left = 50 - picture->w / 2;
-        int top = 50 - picture->h / 2;
-        if (c.mirrored) {
-            rotate_sprite_v_flip(expected, picture, left, top, itofix(c.angle));
-        } else {
-            rotate_sprite(expected, picture, left, top, itofix(c.angle));
-        }
-        int differences = 0;
-        for (int y = 0; y < 100; y++) {
-            for (int x = 0; x < 100; x++) {
-                differences += getpixel(buffer, x, y) != getpixel(expected, x, y) ? 1 : 0;
-            }
-        }
-        EXPECT_EQ(differences, 0) << "angle " << c.angle;
+        auto draw = c.angle < 65 || c.angle > 191 ? rotate_sprite : rotate_sprite_v_flip;
+        draw(expected, picture, 50 - picture->w / 2, 50 - picture->h / 2, itofix(c.angle));
+        EXPECT_EQ(GrevanTest::differingPixels(buffer, expected), 0) << "angle " << c.angle;
     }
     destroy_bitmap(expected);
 }
 
 TEST_F(WeaponTest, OnlyTheMainPlayersWeaponInHandKicksTheSight) {
-    Player* opponent = addStandingPlayer(300, "raider");
-    game->setMainPlayer(shooter);
-    Gun* mine = arm<Gun>(0);
-    Gun* theirs = new Gun(opponent);
-    opponent->setWeapon(1, theirs);
-    opponent->setEquipment(1);
-    theirs->addBullets(30);
-    runUntilReady(theirs);
-    Grevan::FrontSight& sight = game->getAimSystem().getSight();
+    game->setMainPlayer(me);
+    Gun* theirs = arm<Gun>(addStandingPlayer(300, "raider"), 0);
+    Gun* mine = arm<Gun>(me, 0);
+    Pistol* pistol = arm<Pistol>(me, 0, 2);
     struct Case {
-        Gun* gun;
-        int divergence;
-    } cases[] = {{theirs, 5}, {mine, 35}};
+        Weapon* weapon;
+        int inHand, divergence;
+    } cases[] = {{theirs, 1, 5}, {pistol, 1, 5}, {mine, 1, 35}, {pistol, 2, 25}};
     for (const Case& c : cases) {
-        sight.setDivergence(5);
-        EXPECT_TRUE(c.gun->fire(900, 300));
-        EXPECT_EQ(sight.getDivergence(), c.divergence);
+        me->setEquipment(c.inHand);
+        runUntilReady(c.weapon);
+        game->getAimSystem().getSight().setDivergence(5);
+        EXPECT_TRUE(c.weapon->fire(900, 300));
+        EXPECT_EQ(game->getAimSystem().getSight().getDivergence(), c.divergence);
     }
-    Pistol* pistol = new Pistol(shooter);
-    shooter->setWeapon(2, pistol);
-    pistol->addBullets(20);
-    runUntilReady(pistol);
-    sight.setDivergence(5);
-    EXPECT_TRUE(pistol->fire(900, 300));
-    EXPECT_EQ(sight.getDivergence(), 5) << "not the weapon in hand";
-    shooter->setEquipment(2);
-    runUntilReady(pistol);
-    EXPECT_TRUE(pistol->fire(900, 300));
-    EXPECT_EQ(sight.getDivergence(), 25);
-}
-
-Grevan::Bullet* newestBullet(Grevan::ObjectSystem& objects) {
-    Grevan::Bullet* newest = nullptr;
-    for (Grevan::Object* o : objects.getObjects()) {
-        if (auto* bullet = dynamic_cast<Grevan::Bullet*>(o)) {
-            newest = bullet;
-        }
-    }
-    return newest;
 }
 
 TEST_F(WeaponTest, ShotsLeaveHalfThePictureWidthFromTheCentreOrTheCentreWithoutAPicture) {
-    std::string walk = folder.writeStrip("bare/walk.bmp", 20, 40, 1);
-    folder.writeFile("bare/config.dat", "1\n0 0 1 " + walk + " 1\n0 0 20 40\n");
-    Player* bare = new Player("bare", folder.reachFrom("image/role", "bare"));
-    bare->setX(300);
-    bare->setY(200);
-    game->getObjectSystem().addObject(bare);
+    Player* bare = nullptr;  // of a role that does not exist, so its weapons have no pictures
     Gun* pictureless = nullptr;
-    std::string printed = printedBy([&] { pictureless = new Gun(bare); });
-    EXPECT_NE(printed.find("Failed to load bitmap image/role/"), std::string::npos) << printed;
-    bare->setWeapon(1, pictureless);
-    bare->setEquipment(1);
-    pictureless->addBullets(30);
-    runUntilReady(pictureless);
-
-    Gun* gun = arm<Gun>(0);
-    ASSERT_EQ(gun->getWidth(), 32);
-    struct Case {
-        Player* holder;
-        Gun* weapon;
-        int offset;  // pixels from the centre, towards the target
-    } cases[] = {{shooter, gun, 16}, {bare, pictureless, 0}};
-    for (const Case& c : cases) {
-        int cx = c.holder->getCentralX();
-        int cy = c.holder->getCentralY();
-        EXPECT_EQ(playsOf("gun", [&] { EXPECT_TRUE(c.weapon->fire(cx + 500, cy)); }), 1);
-        Grevan::Bullet* bullet = newestBullet(game->getObjectSystem());
-        ASSERT_NE(bullet, nullptr);
-        EXPECT_EQ(bullet->getX(), cx + c.offset);
-        EXPECT_EQ(bullet->getY(), cy);
+    std::string printed = GrevanTest::printedBy([&] {
+        bare = new Player("bare", "nobody");
+        bare->setPosition(Vector(300, 200));
+        objects().addObject(bare);
+        pictureless = arm<Gun>(bare, 0);
+    });
+    EXPECT_NE(printed.find("Failed to load bitmap image/role/nobody/gun.bmp"), std::string::npos) << printed;
+    for (Gun* gun : {arm<Gun>(me, 0), pictureless}) {
+        int cx = gun->getOwner()->getCentralX();
+        int cy = gun->getOwner()->getCentralY();
+        EXPECT_EQ(playsOf("gun", [&] { EXPECT_TRUE(gun->fire(cx + 500, cy)); }), 1);
+        std::vector<Grevan::Bullet*> bullets = GrevanTest::objectsOf<Grevan::Bullet>(objects());
+        ASSERT_FALSE(bullets.empty());
+        EXPECT_EQ(bullets.back()->getX(), cx + gun->getWidth() / 2);
+        EXPECT_EQ(bullets.back()->getY(), cy);
     }
+    EXPECT_EQ(pictureless->getWidth(), 0);
     clear_to_color(buffer, 0);
     pictureless->draw(buffer, 50, 50);
-    int drawn = 0;
-    for (int y = 0; y < 100; y++) {
-        for (int x = 0; x < 100; x++) {
-            drawn += getpixel(buffer, x, y) != 0 ? 1 : 0;
-        }
-    }
-    EXPECT_EQ(drawn, 0);
+    EXPECT_EQ(GrevanTest::pixelsOf(buffer, 0), 800 * 600) << "drawn as nothing";
 }
 
 }  // namespace

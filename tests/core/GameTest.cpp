@@ -2,60 +2,97 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "core/GameLock.h"
+#include "support/CombatScene.h"
+#include "support/Probe.h"
 
 using Grevan::Game;
-using Grevan::StartMode;
-
-TEST(Game, HeadlessGameIsTheInstanceAndStartsWithControlLocked) {
-    EXPECT_EQ(Game::getInstance(), nullptr);
-    {
-        Game game(StartMode::HEADLESS);
-        EXPECT_EQ(Game::getInstance(), &game);
-        EXPECT_TRUE(game.isRunning());
-        EXPECT_FALSE(game.canControl());
-        game.unlockControl();
-        EXPECT_TRUE(game.canControl());
-        game.lockControl();
-        EXPECT_FALSE(game.canControl());
-        game.endGame();
-        EXPECT_FALSE(game.isRunning());
-    }
-    EXPECT_EQ(Game::getInstance(), nullptr);
-}
-
-TEST(Game, StartWithoutAVideoModeFails) {
-    Game game(StartMode::HEADLESS);
-    testing::internal::CaptureStdout();
-    EXPECT_FALSE(game.start());
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
-}
+using Grevan::Player;
 
 namespace {
 
-struct Counter {
-    long value = 0;
-};
-
-void* countUnderTheLock(void* arg) {
-    Counter* counter = static_cast<Counter*>(arg);
-    for (int i = 0; i < 100000; ++i) {
-        Grevan::lockGame();
-        counter->value += 1;
-        Grevan::unlockGame();
-    }
-    return nullptr;
+TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
+    Game game(Grevan::StartMode::HEADLESS);
+    bool started = true;
+    EXPECT_EQ(GrevanTest::printedBy([&] { started = game.start(); }),
+              "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
+    EXPECT_FALSE(started);
+    game.getScreen().flip();  // no pages: nothing to do, and no crash
 }
 
-}  // namespace
-
 TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
-    Game game(StartMode::HEADLESS);  // creates the lock
-    Counter counter;
+    Game game(Grevan::StartMode::HEADLESS);  // creates the lock
+    void* (*countUnderTheLock)(void*) = [](void* counter) -> void* {
+        for (int i = 0; i < 100000; ++i) {
+            Grevan::lockGame();
+            *static_cast<long*>(counter) += 1;
+            Grevan::unlockGame();
+        }
+        return nullptr;
+    };
+    long counter = 0;
     void* first = Grevan::createThread(&counter, countUnderTheLock);
     void* second = Grevan::createThread(&counter, countUnderTheLock);
     Grevan::joinThread(first);
     Grevan::joinThread(second);
-    EXPECT_EQ(counter.value, 200000);
+    EXPECT_EQ(counter, 200000);
 }
+
+using GameFrame = CombatScene;
+
+TEST_F(GameFrame, FrameMovesReapsAndThenWritesOnlyTheFpsLineWithoutAMainPlayer) {
+    Probe* doomed = new Probe(200, 300, 10, 10);
+    bool deleted = false;
+    doomed->deleted = &deleted;
+    doomed->onMove = [doomed] { doomed->die(); };
+    objects().addObject(doomed);
+    game->playFrame(buffer, 17);
+    EXPECT_TRUE(deleted) << "moved, died and reaped in the frame";
+    EXPECT_EQ(map().getClientX(), 0) << "no main player: the camera stays";
+    // The status line is written over the background with the count after reaping.
+    BITMAP* expected = create_bitmap(800, 10);
+    clear_to_color(expected, makecol(40, 60, 80));
+    textprintf_ex(expected, font, 20, 0, makecol(255, 255, 255), -1, "FPS: %d  Objects: %d", 17, 2);
+    BITMAP* top = create_sub_bitmap(buffer, 0, 0, 800, 10);
+    EXPECT_EQ(GrevanTest::differingPixels(top, expected), 0);
+    destroy_bitmap(top);
+    destroy_bitmap(expected);
+}
+
+TEST_F(GameFrame, TheCameraAndTheScoreLineFollowTheMainPlayer) {
+    game->setMainPlayer(addStandingPlayer(900));
+    runFrames(1);
+    EXPECT_GT(GrevanTest::pixelsOf(buffer, makecol(255, 255, 255), 200, 0, 500, 7), 0);
+    EXPECT_EQ(map().getClientX(), 200) << "centred on the player, then held in the level";
+}
+
+TEST_F(GameFrame, AnIdSharedByTwoPlayersFindsTheFirstAdded) {
+    srand(3);
+    Player* first = new Player("first", "soldier");
+    srand(3);
+    Player* second = new Player("second", "soldier");
+    game->addPlayer(first);
+    game->addPlayer(second);
+    EXPECT_EQ(objects().getObjects().back(), second);
+    EXPECT_EQ(game->getPlayer(second->getPlayerId()), first);
+    EXPECT_EQ(game->getPlayer(first->getPlayerId() + 1), nullptr);
+}
+
+TEST_F(GameFrame, LockingControlStopsTheMainPlayerAndLoadingAMapForgetsIt) {
+    EXPECT_FALSE(game->canControl()) << "until the script unlocks it";
+    game->unlockControl();
+    me->moveRight(true);
+    game->lockControl();
+    EXPECT_FALSE(game->canControl());
+    EXPECT_TRUE(me->isMovingRight()) << "without a main player it only clears the flag";
+    game->setMainPlayer(me);
+    game->lockControl();
+    EXPECT_FALSE(me->isMovingRight());
+    loadLevel(true);
+    EXPECT_EQ(game->getPlayers(), std::vector<Player*>{me}) << "only the new level's own player";
+    EXPECT_EQ(game->getMainPlayer(), nullptr);
+}
+
+}  // namespace

@@ -2,86 +2,162 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <string>
+#include <tuple>
+#include <vector>
 
-#include "support/WorldTestSupport.h"
+#include "support/HeadlessGame.h"
+#include "support/Probe.h"
+#include "support/TestFolder.h"
+#include "support/TestSupport.h"
 
 using Grevan::MapSystem;
+using Grevan::Object;
+
+namespace {
 
 TEST(MapSystem, CameraCentresOnThePointAndThenKeepsWithinTheLevel) {
     struct Case {
-        int levelWidth, levelHeight, clientWidth, clientHeight;
-        int startX, startY, pointX, pointY;
-        int clientX, clientY;
+        int levelWidth, levelHeight, clientWidth, startX, pointX, pointY, clientX, clientY;
     } cases[] = {
-        {2000, 600, 800, 600, 0, 0, 100, 300, 0, 0},
-        {2000, 600, 800, 600, 0, 0, 1900, 300, 1200, 0},
-        {2000, 600, 800, 600, 0, 0, 1000, 300, 600, 0},
-        {2000, 600, 800, 600, 900, 0, 1000, 300, 600, 0},
-        {2000, 2000, 800, 600, 0, 0, 1000, 1500, 600, 1200},
-        {640, 480, 800, 600, 0, 0, 100, 100, -160, -120},  // narrower than the camera: clamp comes last
+        {2000, 600, 800, 0, 100, 300, 0, 0},
+        {2000, 600, 800, 0, 1900, 300, 1200, 0},
+        {2000, 600, 800, 900, 1000, 300, 600, 0},
+        {2000, 2000, 800, 0, 1000, 1500, 600, 1200},
+        {640, 480, 800, 0, 100, 100, -160, -120},  // narrower than the camera: the clamp comes last
         // An odd width leaves a one-pixel dead zone between the two margins.
-        {3000, 600, 801, 600, 0, 0, 1000, 300, 599, 0},
-        {3000, 600, 801, 600, 599, 0, 1000, 300, 599, 0},
-        {3000, 600, 801, 600, 599, 0, 999, 300, 599, 0},
-        {3000, 600, 801, 600, 599, 0, 998, 300, 598, 0},
+        {3000, 600, 801, 599, 1000, 300, 599, 0},
+        {3000, 600, 801, 599, 998, 300, 598, 0},
     };
     for (const Case& c : cases) {
         MapSystem map;
         map.initialize(c.levelWidth, c.levelHeight);
         map.setClientWidth(c.clientWidth);
-        map.setClientHeight(c.clientHeight);
+        map.setClientHeight(600);
         map.setClientX(c.startX);
-        map.setClientY(c.startY);
         map.moveClientTo(c.pointX, c.pointY);
-        EXPECT_EQ(map.getClientX(), c.clientX)
-            << "point " << c.pointX << " in a level " << c.levelWidth << " wide";
-        EXPECT_EQ(map.getClientY(), c.clientY)
-            << "point " << c.pointY << " in a level " << c.levelHeight << " high";
+        EXPECT_EQ(map.getClientX(), c.clientX) << "point " << c.pointX << " in a level " << c.levelWidth;
+        EXPECT_EQ(map.getClientY(), c.clientY) << "point " << c.pointY << " in a level " << c.levelHeight;
     }
 }
 
-TEST(MapSystem, PointsOnTheCamerasBorderAreOutsideIt) {
+TEST(MapSystem, PointsOnTheCamerasBorderAreOutsideItAndAFollowedObjectIsTrackedByItsCorner) {
     MapSystem map;
+    map.initialize(3000, 600);
     map.setClientWidth(800);
     map.setClientHeight(600);
     map.setClientX(100);
     map.setClientY(50);
-    struct Case {
-        int x, y;
-        bool inside;
-    } cases[] = {
-        {100, 300, false}, {101, 300, true}, {899, 300, true}, {900, 300, false},
-        {500, 50, false},  {500, 51, true},  {500, 649, true}, {500, 650, false},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(map.inClient(c.x, c.y), c.inside) << c.x << ", " << c.y;
+    const std::tuple<int, int, bool> cases[] = {{100, 300, false}, {101, 300, true}, {899, 300, true},
+                                                {900, 300, false}, {500, 50, false}, {500, 649, true},
+                                                {500, 650, false}};
+    for (auto [x, y, inside] : cases) {
+        EXPECT_EQ(map.inClient(x, y), inside) << x << ", " << y;
     }
+    map.moveClient();
+    EXPECT_EQ(map.getClientX(), 100) << "nothing to follow";
+    Probe followed(1000, 300, 200, 100);
+    map.setFollowObject(&followed);
+    map.moveClient();
+    EXPECT_EQ(map.getClientX(), 1000 - 400);
 }
 
-class MapSystemDrawing : public GrevanTest::HeadlessGameTest {};
+// A level of 1000 x 600 on a sky-blue background: a solid crate and a decorative bush.
+const char* const kSmallLevel =
+    "1 1000 600 150 204 236 2 crate.bmp 1 0 100 460 0 0 0 0 bush.bmp 2 1 300 456 0 0 0 0";
 
-TEST_F(MapSystemDrawing, FollowedObjectIsTrackedByItsTopLeftCorner) {
-    map().initialize(3000, 600);
-    map().setClientWidth(800);
-    map().setClientHeight(600);
-    map().moveClient();
-    EXPECT_EQ(map().getClientX(), 0);
-    std::unique_ptr<Grevan::Object> followed(GrevanTest::makeBlock(1000, 300, 200, 100));
-    map().setFollowObject(followed.get());
-    map().moveClient();
-    EXPECT_EQ(map().getClientX(), 1000 - 400);
-}
-
-TEST_F(MapSystemDrawing, BackgroundIsItsColourOverTheWholeTarget) {
-    map().setBackgroundColor(10, 20, 30);
-    BITMAP* target = create_bitmap(80, 60);
-    clear_to_color(target, makecol(255, 255, 255));
-    map().draw(target);
-    for (int y : {0, 59}) {
-        for (int x : {0, 79}) {
-            EXPECT_EQ(getpixel(target, x, y), makecol(10, 20, 30));
+class MapLoading : public HeadlessGame {
+  protected:
+    // Writes the map file (none when text is null) and loads it; returns what loading printed.
+    std::string load(const std::string& name, const char* text) {
+        std::string path = folder.getPath() + "/" + name;
+        if (text) {
+            folder.writeFile(name, text);
         }
+        return GrevanTest::printedBy([&] { game->loadMap(path.c_str()); });
     }
-    destroy_bitmap(target);
+
+    TestFolder folder;
+};
+
+TEST_F(MapLoading, PiecesBecomeVisibleObjectsAndRecordsOfOtherKindsAreSkippedInFull) {
+    EXPECT_EQ(load("kinds.map",
+                   "7 1000 600 150 204 236 5\n"
+                   "crate.bmp 3 0 100 460 9 9 9 9\n"
+                   "tree.bmp 0 2 200 300 0 0 0 0\n"
+                   "bush.bmp 2 1 300 456 0 0 0 0\n"
+                   "rock.bmp 1 -1 400 480 0 0 0 0\n"
+                   "wall.bmp 1 0 600 280 1 2 3 4\n"),
+              "");
+    const std::tuple<Rect, int, bool> expected[] = {
+        {{100, 140, 460, 500}, 3, true}, {{300, 396, 456, 500}, 2, false}, {{600, 640, 280, 520}, 1, true}};
+    ASSERT_EQ(objects().getObjectCount(), 3);
+    for (int i = 0; i < 3; ++i) {
+        auto [rectangle, layer, solid] = expected[i];
+        Object* o = objects().getObjects()[i];
+        EXPECT_EQ(*o->getRectangle(), rectangle) << i;
+        EXPECT_EQ(static_cast<int>(o->getLayer()), layer) << i;
+        EXPECT_EQ(o->isCollidable(), solid) << i;
+        EXPECT_TRUE(o->isVisible()) << i;
+    }
+    EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236));
+    EXPECT_EQ(blocks().getColumns(), 7u);
+    EXPECT_EQ(blocks().getObjectByPosition(110, 470), objects().getObjects()[0]);
+    EXPECT_EQ(blocks().getObjectByPosition(310, 470), nullptr) << "decoration stays out of the block map";
 }
+
+TEST_F(MapLoading, RefusedMapLeavesTheLevelAsItWasAndNamesTheFile) {
+    load("start.map", kSmallLevel);
+    const std::vector<Object*> before = objects().getObjects();
+    map().setClientX(123);
+    const std::string incomplete =
+        "its header (an integer, width, height, red, green, blue, piece count) is incomplete";
+    const std::tuple<const char*, const char*, std::string> cases[] = {
+        {"missing.map", nullptr, "the file cannot be opened"},
+        {"empty.map", "", incomplete},
+        {"word_in_header.map", "1 800 wide 1 2 3 0", incomplete},
+        {"huge_number.map", "1 99999999999 600 1 2 3 0", incomplete},
+        {"zero_width.map", "1 0 600 1 2 3 0", "the level size 0 x 600 is outside 1 to 32768"},
+        {"too_high.map", "1 600 32769 1 2 3 0", "the level size 600 x 32769 is outside 1 to 32768"},
+        {"too_large.map", "1 32768 32768 1 2 3 0", "the level size 32768 x 32768 is over 67108864 pixels"},
+        {"negative_count.map", "1 800 600 1 2 3 -1", "the piece count -1 is outside 0 to 100000"},
+        {"too_many.map", "1 800 600 1 2 3 100001", "the piece count 100001 is outside 0 to 100000"},
+        {"bad_colour.map", "1 800 600 1 256 3 0", "the background colour 1 256 3 is outside 0 to 255"},
+        {"far_piece.map", "1 800 600 1 2 3 2 crate.bmp 0 0 10 10 0 0 0 0 crate.bmp 0 0 10 -1000001 0 0 0 0",
+         "piece 2 lies at 10, -1000001, beyond 1000000 pixels"},
+    };  // the file's name, its text (null: it does not exist), the reason given
+    for (auto [name, text, reason] : cases) {
+        EXPECT_EQ(load(name, text),
+                  "Cannot load map " + folder.getPath() + "/" + name + ": " + reason + "\n");
+        EXPECT_EQ(objects().getObjects(), before) << name;
+        EXPECT_EQ(map().getWidth(), 1000) << name;
+        EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236)) << name;
+        EXPECT_EQ(blocks().getObjectByPosition(110, 470), before[0]) << name;
+    }
+    EXPECT_EQ(map().getClientX(), 123);
+}
+
+TEST_F(MapLoading, FileThatEndsEarlyOrHoldsAWordForANumberQuietlyKeepsThePiecesBeforeIt) {
+    const std::pair<const char*, int> cases[] = {
+        {"1 1000 600 0 0 0 3 crate.bmp 0 0 10 10 0 0 0 0 rock.bmp 0 0 60 10 0 0 0 0", 2},
+        {"1 1000 600 0 0 0 3 crate.bmp 0 0 10 10 0 0 0 0 rock.bmp 0 0 left 10 0 0 0 0", 1},
+        {"1 1000 600 0 0 0 1 crate.bmp 0 0 10 10", 0},  // the ignored fields are missing
+        {"1 1000 600 0 0 0 1 crate.bmp 0 0 10 10 0 0 0 0 and more", 1},
+    };  // the file's text, the pieces loaded
+    for (auto [text, pieces] : cases) {
+        load("start.map", kSmallLevel);
+        EXPECT_EQ(load("short.map", text), "") << text;
+        EXPECT_EQ(objects().getObjectCount(), pieces) << text;
+        EXPECT_EQ(map().getBackgroundColor(), makecol(0, 0, 0)) << text;
+    }
+}
+
+TEST_F(MapLoading, MissingPictureLeavesAPieceWithoutImageAndSize) {
+    EXPECT_EQ(load("missing_picture.map", "1 1000 600 0 0 0 1 nothing.bmp 0 0 10 10 0 0 0 0"),
+              "Failed to load bitmap image/object/nothing.bmp");
+    ASSERT_EQ(objects().getObjectCount(), 1);
+    EXPECT_EQ(objects().getObjects()[0]->getImage(), nullptr);
+    EXPECT_EQ(objects().getObjects()[0]->getWidth(), 0);
+}
+
+}  // namespace

@@ -2,27 +2,19 @@
 
 using Grevan::Player;
 
-CombatScene::CombatScene() {
-    buffer = create_bitmap(800, 600);
-    game->getMapSystem().setClientWidth(800);
-    game->getMapSystem().setClientHeight(600);
+void CombatScene::SetUp() {
     folder.writeStrip("floor.bmp", 1000, 20, 1);
     folder.writeStrip("wall.bmp", 20, 100, 1);
-}
-
-CombatScene::~CombatScene() {
-    destroy_bitmap(buffer);
+    loadLevel(false);
 }
 
 void CombatScene::loadLevel(bool withWall) {
-    std::string floor = folder.reachFrom("image/object", "floor.bmp");
-    std::string wall = folder.reachFrom("image/object", "wall.bmp");
-    std::string map = "0 1000 400 40 60 80 " + std::string(withWall ? "2" : "1") + "\n" + floor + " 0 0 0 " +
-                      std::to_string(kFloorTop) + " 0 0 0 0\n";
-    if (withWall) {
-        map += wall + " 0 0 " + std::to_string(kWallLeft) + " " + std::to_string(kWallTop) + " 0 0 0 0\n";
-    }
+    std::string map = "0 1000 400 40 60 80 " + std::to_string(withWall ? 2 : 1) + " " +
+                      folder.reachFrom("image/object", "floor.bmp") + " 0 0 0 " + std::to_string(kFloorTop) +
+                      " 0 0 0 0 " + folder.reachFrom("image/object", "wall.bmp") + " 0 0 " +
+                      std::to_string(kWallLeft) + " " + std::to_string(kWallTop) + " 0 0 0 0";
     game->loadMap(folder.writeFile("level.map", map).c_str());
+    me = addStandingPlayer(100);
 }
 
 Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
@@ -37,23 +29,15 @@ Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
     return p;
 }
 
+void CombatScene::runUntilReady(Grevan::Weapon* w) {
+    for (int i = 0; i < 200 && (w->getTimer() > 0 || w->getBulletCurrent() == 0); i++) {
+        w->move();
+    }
+}
+
 void CombatScene::teleport(Player* p, int x, int y) {
-    game->getBlockSystem().removeObject(p);
+    blocks().removeObject(p);
     p->setX(x);
     p->setY(y);
-    game->getBlockSystem().addObject(p);
-}
-
-void CombatScene::runFrames(int frames) {
-    for (int i = 0; i < frames; i++) {
-        game->playFrame(buffer, 0);
-    }
-}
-
-int CombatScene::countObjects(bool (*isKind)(Grevan::Object*)) {
-    int count = 0;
-    for (Grevan::Object* o : game->getObjectSystem().getObjects()) {
-        count += isKind(o) ? 1 : 0;
-    }
-    return count;
+    blocks().addObject(p);
 }

@@ -14,9 +14,8 @@ class TestFolder {
     const std::string& getPath() const { return path; }
     // Writes text into the folder; returns the file's absolute path.
     std::string writeFile(const std::string& name, const std::string& text) const;
-    // Writes a strip of `frames` frames of frameWidth x frameHeight, side by side, each frame
-    // filled with a colour of its own and
-    // marked white on its left column; needs Allegro. Returns the file's absolute path.
+    // Writes a strip of `frames` frames of frameWidth x frameHeight side by side, each filled with
+    // a colour of its own and marked white on its left column. Returns the file's absolute path.
     std::string writeStrip(const std::string& name, int frameWidth, int frameHeight, int frames) const;
     // The relative path from the game's folder `gameFolder` (e.g. "image/role", under the
     // working directory) to `entry` in this folder: the name to hand to code that reads

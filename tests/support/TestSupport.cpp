@@ -1,0 +1,85 @@
+#include "support/TestSupport.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+
+namespace GrevanTest {
+
+Grevan::RealBody* makeBody(int x, int y, int width, int height) {
+    Grevan::RealBody* body = new Grevan::RealBody();
+    body->setX(x);
+    body->setY(y);
+    body->setWidth(width);
+    body->setHeight(height);
+    return body;
+}
+
+std::vector<int> upcomingRandoms(unsigned seed, int count) {
+    srand(seed);
+    std::vector<int> values;
+    for (int i = 0; i < count; i++) {
+        values.push_back(rand());
+    }
+    srand(seed);
+    return values;
+}
+
+testing::AssertionResult isNear(const Vector& v, const Vector& expected) {
+    if (std::fabs(v.x - expected.x) < 1e-4f && std::fabs(v.y - expected.y) < 1e-4f) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure()
+           << "(" << v.x << ", " << v.y << ") is not (" << expected.x << ", " << expected.y << ")";
+}
+
+Cells cellsHolding(const Grevan::BlockSystem& blocks, Grevan::Object* o) {
+    Cells found;
+    for (unsigned row = 0; row < blocks.getRows(); ++row) {
+        for (unsigned column = 0; column < blocks.getColumns(); ++column) {
+            const std::vector<Grevan::Object*>& cell = blocks.getCell(row, column);
+            if (std::find(cell.begin(), cell.end(), o) != cell.end()) {
+                found.emplace_back(row, column);
+            }
+        }
+    }
+    return found;
+}
+
+int pixelsOf(BITMAP* b, int colour, int left, int top, int right, int bottom) {
+    int count = 0;
+    for (int y = std::max(top, 0); y <= std::min(bottom, b->h - 1); y++) {
+        for (int x = std::max(left, 0); x <= std::min(right, b->w - 1); x++) {
+            count += getpixel(b, x, y) == colour ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+int differingPixels(BITMAP* a, BITMAP* b) {
+    int count = 0;
+    for (int y = 0; y < a->h; y++) {
+        for (int x = 0; x < a->w; x++) {
+            count += getpixel(a, x, y) != getpixel(b, x, y) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+std::string takeEvent(Grevan::ScriptSystem& scripts) {
+    std::unique_ptr<Grevan::ScriptEvent> e = scripts.takeEvent();
+    if (!e) {
+        return "none";
+    }
+    return e->name + " " + e->text + " " + std::to_string(e->arg1) + " " + std::to_string(e->arg2) + " " +
+           std::to_string(e->arg3);
+}
+
+std::string buildOutputPath(const std::string& name) {
+    const std::filesystem::path folder = std::filesystem::path(GREVAN_BINARY_DIR) / "test-output";
+    std::filesystem::create_directories(folder);
+    return (folder / name).string();
+}
+
+}  // namespace GrevanTest
