@@ -183,14 +183,44 @@ TEST(VeskInterpreter, DeeplyNestedExpressionIsAStackOverflowNotACrash) {
 }
 
 TEST(VeskInterpreter, NestingTooDeepIsASyntaxError) {
-    std::string source = "FUNCTION Main\n  X = ";
+    std::string calls = "FUNCTION Main\n  X = ";
     for (int i = 0; i < 1000; ++i) {
-        source += "F(";
+        calls += "F(";
     }
-    source += "1" + std::string(1000, ')') + "\nEND FUNCTION\n";
+    calls += "1" + std::string(1000, ')') + "\nEND FUNCTION\n";
+    // The function body and 200 IF blocks nest 201 deep: the 200th IF, on line 201, is refused.
+    std::string blocks = "FUNCTION Main\n";
+    for (int i = 0; i < 201; ++i) {
+        blocks += "  IF 1 THEN\n";
+    }
+    for (int i = 0; i < 201; ++i) {
+        blocks += "  END IF\n";
+    }
+    blocks += "END FUNCTION\n";
+
+    for (const std::string& source : {calls, blocks}) {
+        VeskScript script;
+        EXPECT_FALSE(script.parse(source));
+        EXPECT_NE(script.getLastError().find("Nesting too deep"), std::string::npos) << script.getLastError();
+    }
     VeskScript script;
-    EXPECT_FALSE(script.parse(source));
-    EXPECT_NE(script.getLastError().find("Nesting too deep"), std::string::npos) << script.getLastError();
+    script.parse(blocks);
+    EXPECT_EQ(script.getLastError(), "At line 201 : Nesting too deep : 1");
+}
+
+TEST(VeskInterpreter, RecursionThroughAWideFrameIsAStackOverflowBeforeMemoryRunsShort) {
+    // 3000 locals a frame: the runtime stack's bound on values stops the recursion long before the
+    // call depth limit would.
+    std::string source = "FUNCTION Wide(N)\n";
+    for (int i = 0; i < 3000; ++i) {
+        source += "  L" + std::to_string(i) + " = N\n";
+    }
+    source +=
+        "  Wide = Wide2(N + 1)\nEND FUNCTION\nFUNCTION Wide2(N)\n  Wide2 = Wide(N)\nEND FUNCTION\n"
+        "FUNCTION Main\n  X = Wide(0)\nEND FUNCTION\n";
+    std::string error;
+    EXPECT_FALSE(runOnThread(source, "Main", error));
+    EXPECT_EQ(error, "At line 0 : WIDE: Stack overflow : WIDE");
 }
 
 TEST(VeskInterpreter, FailedParsesLeaveNothingBehind) {
