@@ -113,7 +113,7 @@ bool floatOperation(int op, float left, float right, float& result) {
 
 const std::string& textOf(const VeskVariable& value, std::string& buffer) {
     if (value.type == VeskVariable::TypeString) {
-        return value.stringValue;
+        return value.stringValue();
     }
     buffer = value.toText();
     return buffer;
@@ -123,12 +123,12 @@ void concatenate(const VeskSyntaxNode* operation, const VeskVariable& left, cons
                  VeskVariable& result) {
     std::string buffer;
     const std::string& tail = textOf(right, buffer);
-    if (left.stringValue.size() + tail.size() > VeskScript::kMaxStringLength) {
+    if (left.stringValue().size() + tail.size() > VeskScript::kMaxStringLength) {
         throwArithmeticFault(operation, "String too long");
     }
     std::string text;
-    text.reserve(left.stringValue.size() + tail.size());
-    text += left.stringValue;
+    text.reserve(left.stringValue().size() + tail.size());
+    text += left.stringValue();
     text += tail;
     result.setString(std::move(text));
 }

@@ -52,15 +52,20 @@ void VeskVariable::setFloat(float value) {
 }
 
 void VeskVariable::setString(std::string value) {
-    stringValue = std::move(value);
+    ownText() = std::move(value);
     type = TypeString;
 }
 
 std::string& VeskVariable::getString() {
     if (type != TypeString) {
-        stringValue = toText();
+        ownText() = toText();
     }
-    return stringValue;
+    return ownText();
+}
+
+const std::string& VeskVariable::emptyText() {
+    static const std::string empty;
+    return empty;
 }
 
 std::string VeskVariable::toText() const {
@@ -77,7 +82,7 @@ std::string VeskVariable::toText() const {
             return std::string(buffer, static_cast<std::size_t>(length));
         }
         case TypeString:
-            return stringValue;
+            return stringValue();
         default:
             return "undefined";
     }
@@ -88,7 +93,7 @@ std::int32_t VeskVariable::convertedInteger() const {
         case TypeFloat:
             return truncatedFloat(floatValue);
         case TypeString:
-            return leadingInteger(stringValue);
+            return leadingInteger(stringValue());
         default:
             return 0;
     }
@@ -101,7 +106,7 @@ float VeskVariable::getFloat() const {
         case TypeFloat:
             return floatValue;
         case TypeString:
-            return leadingFloat(stringValue);
+            return leadingFloat(stringValue());
         default:
             return std::numeric_limits<float>::quiet_NaN();
     }

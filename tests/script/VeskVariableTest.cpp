@@ -86,8 +86,27 @@ TEST(VeskVariable, SettersChangeOnlyTheirValueAndType) {
     VeskVariable v = text("kept");
     v.setInteger(7);
     EXPECT_EQ(v.type, VeskVariable::TypeInteger);
-    EXPECT_EQ(v.stringValue, "kept");
+    EXPECT_EQ(v.stringValue(), "kept");
     v.setFloat(0.5f);
     EXPECT_EQ(v.type, VeskVariable::TypeFloat);
     EXPECT_EQ(v.integerValue, 7);
+}
+
+TEST(VeskVariable, CopiesOwnTheirTextAndANumberClearsIt) {
+    VeskVariable original = text("pear");
+    VeskVariable copy(original);
+    copy.getString() += "s";
+    EXPECT_EQ(original.stringValue(), "pear");
+    EXPECT_EQ(copy.stringValue(), "pears");
+
+    VeskVariable moved(std::move(copy));
+    EXPECT_EQ(moved.stringValue(), "pears");
+    moved = integer(4);
+    EXPECT_EQ(moved.type, VeskVariable::TypeInteger);
+    EXPECT_EQ(moved.stringValue(), "");
+    EXPECT_EQ(moved.getString(), "4");
+
+    VeskVariable empty = text("");
+    EXPECT_EQ(empty.getString(), "");
+    EXPECT_TRUE(empty.equals(text("")));
 }

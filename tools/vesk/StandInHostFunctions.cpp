@@ -46,7 +46,7 @@ void reportCall(const char* name, std::vector<VeskVariable>& stack, int argument
             line += ", ";
         }
         if (argument.type == VeskVariable::TypeString) {
-            line += '"' + argument.stringValue + '"';
+            line += '"' + argument.stringValue() + '"';
         } else {
             line += argument.toText();
         }
