@@ -123,12 +123,9 @@ Player* Game::getPlayer(int playerId) {
 
 void Game::loadMap(const char* path) {
     MapFile map;
-    const bool accepted = map.read(path);
-    if (!map.getNotice().empty()) {
-        printf("%s\n", map.getNotice().c_str());
+    if (!map.read(path)) {
+        printf("%s\n", map.getRefusal().c_str());
         fflush(stdout);
-    }
-    if (!accepted) {
         return;
     }
     // The players are objects: the registry deletes them.

@@ -16,7 +16,7 @@ bool isWithin(long long value, long long low, long long high) {
 }  // namespace
 
 bool MapFile::refuse(const std::string& path, const std::string& reason) {
-    notice = "Cannot load map " + path + ": " + reason;
+    refusal = "Cannot load map " + path + ": " + reason;
     pieces.clear();
     return false;
 }
@@ -41,7 +41,7 @@ std::string MapFile::checkHeader(int pieceCount) const {
 }
 
 bool MapFile::read(const char* path) {
-    notice.clear();
+    refusal.clear();
     pieces.clear();
     std::ifstream in(path);
     if (!in.is_open()) {

@@ -29,10 +29,10 @@ class MapFile {
 
     // False when the file is refused: it cannot be opened, its header is incomplete, or a
     // number in it is absurd. A file that ends early, or holds a word where a number should be,
-    // keeps the pieces before that record and is accepted with a notice.
+    // keeps the pieces before that record and is accepted quietly.
     bool read(const char* path);
-    // One line for standard output about a refused or shortened file; empty when all is well.
-    const std::string& getNotice() const { return notice; }
+    // Why the file was refused, as one line for standard output.
+    const std::string& getRefusal() const { return refusal; }
 
     int getWidth() const { return width; }
     int getHeight() const { return height; }
@@ -52,7 +52,7 @@ class MapFile {
     int green = 0;
     int blue = 0;
     std::vector<MapPiece> pieces;
-    std::string notice;
+    std::string refusal;
 };
 
 }  // namespace Grevan
