@@ -44,7 +44,7 @@ const std::vector<ArtPiece>& FortressArt::pieces() {
         {"tower.bmp", 150, 400, tower},
         {"gate.bmp", 220, 250, gate},
         {"torch.bmp", 22, 56, torch},
-        {"boulder.bmp", 80, 52, boulder},
+        {"boulder.bmp", 80, 48, boulder},
         {"cave.bmp", 300, 260, cave},
     };
     return all;
@@ -298,11 +298,6 @@ void FortressArt::boulder(Painter& p) {
     p.speckle(0, 0, p.width() - 1, p.height() - 1, kNightStone.shadow, 50, random);
     p.line(44, 16, 48, 28, kNightStone.shadow);
     p.line(48, 28, 45, 38, kNightStone.shadow);
-    for (int y = 48; y < p.height(); ++y) {
-        for (int x = 0; x < p.width(); ++x) {
-            p.erase(x, y);
-        }
-    }
     p.outline(kInk, Painter::BORDER_ALL);
 }
 
