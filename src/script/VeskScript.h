@@ -66,6 +66,8 @@ class VeskScript {
     void parseDIM(VeskSyntaxNode* owner);
     void parseCONST(VeskSyntaxNode* owner);
     void parseIMPORT();
+    // The file an IMPORT names: every "." a "/", lower case, ".fb" appended.
+    static std::string importPath(const std::string& name);
     void parseFUNCTION();
     void parseBody(VeskSyntaxNode* block);
     void parseCALL(VeskSyntaxNode* call);
