@@ -118,6 +118,14 @@ void ScriptLinter::lintLine(const Tokens& line) {
     if (line.empty()) {
         return;
     }
+    // A LOOP without WHILE or UNTIL takes the next line as its WHILE condition.
+    if (conditionLineNext) {
+        conditionLineNext = false;
+        std::string text;
+        readExpression(line, 0, text);
+        return;
+    }
+    conditionLineNext = line.size() == 1 && line[0].id == TokenLoop;
     switch (line[0].id) {
         case TokenImport:
             if (line.size() > 1) {

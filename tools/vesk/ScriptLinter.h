@@ -56,9 +56,9 @@ class ScriptLinter {
     std::ostream& warnings;
     int warningCount = 0;
     std::string currentFile;
-    int loopDepth = 0;
-    int nesting =
-        0;  // groups and calls being read  // loops open around the current line of the current function
+    int loopDepth = 0;               // loops open around the current line of the current function
+    int nesting = 0;                 // groups and calls being read
+    bool conditionLineNext = false;  // the line before was a bare LOOP
     std::vector<std::string> scripts;
     std::set<std::string> visited;
     std::vector<HostCall> hostCalls;
