@@ -23,8 +23,8 @@ void pebble(Painter& p, int x, int y, int radiusX, int radiusY) {
 
 }  // namespace
 
-const std::vector<LevelArt::Piece>& LevelArt::pieces() {
-    static const std::vector<Piece> all = {
+const std::vector<ArtPiece>& LevelArt::pieces() {
+    static const std::vector<ArtPiece> all = {
         {"ground.bmp", 400, 80, ground},
         {"platform_long.bmp", 240, 22, platform},
         {"platform_short.bmp", 120, 22, platform},

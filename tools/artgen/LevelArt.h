@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "Painter.h"
+#include "ArtPiece.h"
 
 namespace Grevan {
 
@@ -10,14 +10,8 @@ namespace Grevan {
 // the decoration around them (hills, clouds, trees, bushes, flowers, a fence, a sign).
 class LevelArt {
   public:
-    struct Piece {
-        const char* file;  // under image/object/
-        int width;
-        int height;
-        void (*draw)(Painter& painter);
-    };
-
-    static const std::vector<Piece>& pieces();
+    // Written under image/object/.
+    static const std::vector<ArtPiece>& pieces();
 
     static void ground(Painter& p);
     static void platform(Painter& p);

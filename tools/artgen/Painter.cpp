@@ -61,6 +61,26 @@ void Painter::triangle(int x1, int y1, int x2, int y2, int x3, int y3, const Ton
     ::triangle(canvas, x1, y1, x2, y2, x3, y3, colour(tone));
 }
 
+void Painter::frame(int x1, int y1, int x2, int y2, const Tone& tone) {
+    rect(canvas, x1, y1, x2, y2, colour(tone));
+}
+
+void Painter::text(int x, int y, const std::string& words, const Tone& tone, int scale) {
+    BITMAP* letters = create_bitmap(std::max(1, text_length(font, words.c_str())), text_height(font));
+    const int background = colour(Palette::kTransparent);
+    clear_to_color(letters, background);
+    textout_ex(letters, font, words.c_str(), 0, 0, colour(tone), -1);
+    for (int ly = 0; ly < letters->h; ++ly) {
+        for (int lx = 0; lx < letters->w; ++lx) {
+            if (getpixel(letters, lx, ly) != background) {
+                fill(x + lx * scale, y + ly * scale, x + lx * scale + scale - 1, y + ly * scale + scale - 1,
+                     tone);
+            }
+        }
+    }
+    destroy_bitmap(letters);
+}
+
 void Painter::bevelBox(int x1, int y1, int x2, int y2, const Ramp& ramp) {
     fill(x1, y1, x2, y2, ramp.base);
     fill(x1, y2 - 1, x2, y2, ramp.shadow);

@@ -48,6 +48,10 @@ class Painter {
     void oval(int x, int y, int radiusX, int radiusY, const Tone& tone);
     void line(int x1, int y1, int x2, int y2, const Tone& tone);
     void triangle(int x1, int y1, int x2, int y2, int x3, int y3, const Tone& tone);
+    // The outline of a box, one pixel wide.
+    void frame(int x1, int y1, int x2, int y2, const Tone& tone);
+    // Writes in Allegro's built-in 8-pixel font, each font pixel drawn as a scale x scale square.
+    void text(int x, int y, const std::string& words, const Tone& tone, int scale = 1);
 
     // A box with a lit top and left edge and a shaded bottom and right edge.
     void bevelBox(int x1, int y1, int x2, int y2, const Ramp& ramp);

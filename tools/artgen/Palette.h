@@ -38,6 +38,16 @@ constexpr Ramp kCloud{{200, 218, 236}, {232, 240, 248}, {246, 250, 252}, {254, 2
 constexpr Ramp kFarHill{{112, 170, 160}, {132, 188, 168}, {150, 202, 176}, {176, 218, 186}};
 constexpr Ramp kNearHill{{82, 148, 116}, {100, 166, 120}, {124, 184, 128}, {154, 204, 140}};
 constexpr Ramp kMetal{{70, 76, 92}, {106, 114, 132}, {150, 160, 176}, {206, 214, 224}};
+// The status bar's plate and the bars on it.
+constexpr Ramp kPanel{{16, 14, 24}, {30, 28, 42}, {50, 48, 68}, {84, 82, 108}};
+constexpr Ramp kBlood{{118, 22, 36}, {182, 38, 48}, {226, 78, 82}, {252, 164, 150}};
+constexpr Ramp kArmour{{30, 66, 128}, {50, 108, 180}, {94, 158, 220}, {174, 212, 242}};
+constexpr Ramp kBrass{{128, 88, 30}, {188, 138, 50}, {226, 184, 82}, {250, 228, 152}};
+constexpr Ramp kOlive{{56, 68, 40}, {84, 100, 54}, {116, 134, 72}, {160, 176, 104}};
+// The guide robot: a pale shell, warm trim and glowing eyes.
+constexpr Ramp kShell{{146, 150, 172}, {198, 204, 216}, {228, 232, 238}, {250, 250, 252}};
+constexpr Ramp kTrim{{168, 78, 40}, {224, 118, 50}, {246, 164, 80}, {254, 210, 140}};
+constexpr Ramp kGlow{{20, 104, 128}, {40, 178, 200}, {110, 228, 240}, {222, 254, 254}};
 
 constexpr Tone kPetalRed{226, 80, 86};
 constexpr Tone kPetalYellow{246, 206, 82};
