@@ -48,6 +48,24 @@ constexpr Ramp kOlive{{56, 68, 40}, {84, 100, 54}, {116, 134, 72}, {160, 176, 10
 constexpr Ramp kShell{{146, 150, 172}, {198, 204, 216}, {228, 232, 238}, {250, 250, 252}};
 constexpr Ramp kTrim{{168, 78, 40}, {224, 118, 50}, {246, 164, 80}, {254, 210, 140}};
 constexpr Ramp kGlow{{20, 104, 128}, {40, 178, 200}, {110, 228, 240}, {222, 254, 254}};
+// The harbour at dusk: a violet sky warming to the horizon, the sea, plaster, roof tiles, lamplight.
+constexpr Tone kDuskTop{56, 42, 90};
+constexpr Tone kDuskMiddle{168, 88, 122};
+constexpr Tone kDuskHorizon{248, 168, 110};
+constexpr Ramp kDuskCloud{{150, 82, 120}, {200, 112, 128}, {232, 146, 130}, {250, 192, 150}};
+constexpr Ramp kDuskHill{{62, 46, 92}, {84, 60, 110}, {104, 76, 126}, {136, 100, 144}};
+constexpr Ramp kSea{{38, 46, 92}, {58, 70, 124}, {86, 98, 148}, {244, 178, 122}};
+constexpr Ramp kQuayStone{{76, 70, 94}, {110, 102, 122}, {144, 134, 148}, {180, 168, 172}};
+constexpr Ramp kPlaster{{150, 116, 122}, {192, 160, 150}, {220, 192, 172}, {240, 220, 198}};
+constexpr Ramp kRoof{{106, 38, 46}, {156, 60, 56}, {196, 94, 72}, {226, 140, 104}};
+constexpr Ramp kLamp{{206, 120, 44}, {246, 184, 80}, {255, 226, 140}, {255, 248, 212}};
+// The fortress at night: a deep blue sky, moonlit stone, dark hills, torchlight from kLamp.
+constexpr Tone kNightTop{8, 10, 30};
+constexpr Tone kNightHorizon{38, 50, 96};
+constexpr Ramp kNightStone{{40, 42, 60}, {64, 68, 90}, {92, 96, 118}, {128, 134, 156}};
+constexpr Ramp kNightHill{{18, 22, 46}, {26, 32, 60}, {36, 44, 76}, {56, 68, 104}};
+constexpr Ramp kNightEarth{{36, 30, 40}, {56, 46, 54}, {76, 64, 70}, {98, 86, 90}};
+constexpr Ramp kMoon{{168, 176, 200}, {212, 218, 232}, {236, 240, 246}, {252, 252, 254}};
 
 constexpr Tone kPetalRed{226, 80, 86};
 constexpr Tone kPetalYellow{246, 206, 82};

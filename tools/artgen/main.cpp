@@ -7,6 +7,7 @@
 #include <string>
 
 #include "GuiArt.h"
+#include "HarbourArt.h"
 #include "LevelArt.h"
 #include "PresentArt.h"
 #include "RobotArt.h"
@@ -42,8 +43,8 @@ int writeGroup(const std::filesystem::path& data, const Group& group) {
 }  // namespace
 
 // artgen DATA_FOLDER: draws every generated picture and writes it under DATA_FOLDER: level
-// pieces and gift boxes into image/object/, the status bar and the guide robot into image/gui/.
-// Runs without a display.
+// pieces of every level and gift boxes into image/object/, the status bar and the guide robot into
+// image/gui/. Runs without a display.
 int main(int argc, char** argv) {
     if (argc != 2) {
         fprintf(stderr, "usage: artgen DATA_FOLDER\n");
@@ -55,9 +56,8 @@ int main(int argc, char** argv) {
     }
     set_color_depth(32);
     const Group groups[] = {
-        {"image/object", Grevan::LevelArt::pieces()},
-        {"image/object", Grevan::PresentArt::pieces()},
-        {"image/gui", Grevan::GuiArt::pieces()},
+        {"image/object", Grevan::LevelArt::pieces()},   {"image/object", Grevan::PresentArt::pieces()},
+        {"image/object", Grevan::HarbourArt::pieces()}, {"image/gui", Grevan::GuiArt::pieces()},
         {"image/gui", Grevan::RobotArt::pieces()},
     };
     int failures = 0;
