@@ -1,7 +1,5 @@
 #include "LevelArt.h"
 
-#include <cmath>
-
 namespace Grevan {
 
 namespace {

@@ -62,9 +62,10 @@ constexpr Ramp kLamp{{206, 120, 44}, {246, 184, 80}, {255, 226, 140}, {255, 248,
 // The fortress at night: a deep blue sky, moonlit stone, dark hills, torchlight from kLamp.
 constexpr Tone kNightTop{8, 10, 30};
 constexpr Tone kNightHorizon{38, 50, 96};
-constexpr Ramp kNightStone{{40, 42, 60}, {64, 68, 90}, {92, 96, 118}, {128, 134, 156}};
+constexpr Ramp kNightStone{{58, 62, 84}, {90, 96, 120}, {124, 130, 152}, {168, 174, 192}};
 constexpr Ramp kNightHill{{18, 22, 46}, {26, 32, 60}, {36, 44, 76}, {56, 68, 104}};
 constexpr Ramp kNightEarth{{36, 30, 40}, {56, 46, 54}, {76, 64, 70}, {98, 86, 90}};
+constexpr Ramp kFarStone{{18, 20, 36}, {28, 31, 50}, {38, 42, 64}, {54, 60, 84}};
 constexpr Ramp kMoon{{168, 176, 200}, {212, 218, 232}, {236, 240, 246}, {252, 252, 254}};
 
 constexpr Tone kPetalRed{226, 80, 86};

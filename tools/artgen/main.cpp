@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "FortressArt.h"
 #include "GuiArt.h"
 #include "HarbourArt.h"
 #include "LevelArt.h"
@@ -57,8 +58,8 @@ int main(int argc, char** argv) {
     set_color_depth(32);
     const Group groups[] = {
         {"image/object", Grevan::LevelArt::pieces()},   {"image/object", Grevan::PresentArt::pieces()},
-        {"image/object", Grevan::HarbourArt::pieces()}, {"image/gui", Grevan::GuiArt::pieces()},
-        {"image/gui", Grevan::RobotArt::pieces()},
+        {"image/object", Grevan::HarbourArt::pieces()}, {"image/object", Grevan::FortressArt::pieces()},
+        {"image/gui", Grevan::GuiArt::pieces()},        {"image/gui", Grevan::RobotArt::pieces()},
     };
     int failures = 0;
     for (const Group& group : groups) {
