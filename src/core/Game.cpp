@@ -40,6 +40,9 @@ Game::~Game() {
     // game itself is never deleted; this serves tests and tools.
     objectSystem.cleanupObjects();
     blockSystem.cleanup();
+    robot.reset();
+    dialog.release();
+    infoBar.release();
     screen.releasePages();
     allegro_exit();
     destroyLock();
@@ -54,8 +57,18 @@ bool Game::start() {
     }
     mapSystem.setClientWidth(screen.getWidth());
     mapSystem.setClientHeight(screen.getHeight());
+    infoBar.initialize();
+    infoBar.show();
+    createRobot();
     gameLoop();
+    robot.reset();
     return true;
+}
+
+void Game::createRobot() {
+    robot = std::make_unique<Robot>();
+    robot->setX(10);
+    robot->setY(150);
 }
 
 void Game::gameLoop() {
@@ -80,7 +93,16 @@ void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
     aimSystem.move();
     mapSystem.draw(buffer);
     objectSystem.drawObjects(buffer, mapSystem.getClientX(), mapSystem.getClientY());
-    aimSystem.draw(buffer);
+    infoBar.draw(buffer);
+    if (robot && robot->isVisible()) {
+        robot->draw(buffer, 0, 0);
+    }
+    dialog.move();
+    dialog.draw(buffer, mapSystem.getClientX(), mapSystem.getClientY());
+    // The sight is hidden while a bubble shows.
+    if (!dialog.isVisible()) {
+        aimSystem.draw(buffer);
+    }
     objectSystem.removeDeadObjects();
     if (mainPlayer) {
         mapSystem.moveClientTo(mainPlayer->getCentralX(), mainPlayer->getCentralY());
@@ -130,6 +152,7 @@ void Game::loadMap(const char* path) {
     }
     // The players are objects: the registry deletes them.
     players.clear();
+    dialog.hide();
     mainPlayer = nullptr;
     objectSystem.cleanupObjects();
     mapSystem.initialize(map.getWidth(), map.getHeight());

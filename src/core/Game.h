@@ -3,13 +3,17 @@
 #include <allegro.h>
 
 #include <atomic>
+#include <memory>
 #include <vector>
 
 #include "actors/AimSystem.h"
+#include "actors/Robot.h"
 #include "core/InputSystem.h"
 #include "core/MapSystem.h"
 #include "core/Screen.h"
 #include "scripting/ScriptSystem.h"
+#include "ui/Dialog.h"
+#include "ui/InfoBar.h"
 #include "ui/SoundSystem.h"
 #include "world/BlockSystem.h"
 #include "world/ObjectSystem.h"
@@ -60,6 +64,12 @@ class Game {
     BlockSystem& getBlockSystem() { return blockSystem; }
     AimSystem& getAimSystem() { return aimSystem; }
     ScriptSystem& getScriptSystem() { return scriptSystem; }
+    InfoBar& getInfoBar() { return infoBar; }
+    Dialog& getDialog() { return dialog; }
+    // Null before start and after it.
+    Robot* getRobot() { return robot.get(); }
+    // The guide robot at its place on the screen, hidden until the script shows it.
+    void createRobot();
 
     // Registers the player as an object and lists it; the registry owns it.
     void addPlayer(Player* player);
@@ -93,11 +103,15 @@ class Game {
     BlockSystem blockSystem;
     AimSystem aimSystem;
     ScriptSystem scriptSystem;
+    InfoBar infoBar;
     std::vector<Player*> players;  // in order of addPlayer; the registry owns them
+    Dialog dialog;
     Player* mainPlayer = nullptr;  // the one the keyboard and mouse control and the camera follows
     StartMode startMode;
     // Read and written by both threads without the game lock.
     std::atomic<bool> gameEnded{false};
+    // Outside the object registry: the frame draws it in screen coordinates.
+    std::unique_ptr<Robot> robot;
     std::atomic<bool> controlAllowed{false};
 };
 
