@@ -1,25 +1,27 @@
 #!/usr/bin/env bash
-# Runs every Vesk example of docs/vesk.md exactly as printed, through the vesk command:
+# Runs the examples of the documents exactly as printed, through the build's vesk and mapview:
 # - each ```basic block is a script file: a block without a FUNCTION is a statement example and
 #   stands as the body of a function Main (the block's lines themselves unchanged); each must load
 #   with `vesk --check --strict` (no error, no warning) and dry-run Main to its end with status 0;
 #   when a ```text block follows it at once, that is the output Main must print;
-# - each command line of a ```sh block that starts with ../build/vesk runs from data/ and must
-#   end with status 0 (the shipped scripts load and run).
+# - each command line of a ```sh block that starts with ../build/ runs from data/, as the documents
+#   say, with the build folder of VESK, and must end with status 0 (so the shipped scripts load and
+#   run, and every file they need is there).
 # IMPORT examples find empty files lib/helpers.fb and lib/weapons.fb beside them.
-# Usage: vesk_examples_test.sh VESK DOC DATA_FOLDER
+# Usage: examples_test.sh VESK DATA_FOLDER DOCUMENT...
 set -uo pipefail
 vesk=$1
-doc=$2
-data=$3
+data=$2
+shift 2
+build=$(dirname "$vesk")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$work/lib" "$work/build"
+mkdir -p "$work/lib"
 : >"$work/lib/helpers.fb"
 : >"$work/lib/weapons.fb"
 
 # Splits the document into numbered files: example_N.fb, example_N.expected (a ```text block right
-# after it), and commands.sh (the vesk command lines of the ```sh blocks).
+# after it), and commands.sh (the ../build/ command lines of the ```sh blocks).
 awk -v dir="$work" '
   /^```basic$/ { n++; file = dir "/example_" n ".fb"; mode = "basic"; last = n; next }
   /^```text$/  { if (lastClosed == n && n > 0 && pending) { file = dir "/example_" n ".expected"; mode = "text" } else { mode = "skip" } next }
@@ -28,8 +30,8 @@ awk -v dir="$work" '
   /^[[:space:]]*$/ { if (mode == "") next }
   { if (mode == "") pending = 0 }
   mode == "basic" || mode == "text" { print > file; next }
-  mode == "sh" && $0 ~ /^\.\.\/build\/vesk/ { sub(/[[:space:]]+#.*$/, ""); print >> (dir "/commands.sh") }
-' "$doc"
+  mode == "sh" && $0 ~ /^\.\.\/build\// { sub(/[[:space:]]+#.*$/, ""); print >> (dir "/commands.sh") }
+' "$@"
 
 failures=0
 fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
@@ -59,13 +61,12 @@ for example in "$work"/example_*.fb; do
 done
 [ "$count" -gt 10 ] || fail "only $count examples found"
 
-if [ -f "$work/commands.sh" ]; then
-  ln -s "$(dirname "$vesk")/$(basename "$vesk")" "$work/build/vesk"
-  while read -r line; do
-    command=${line/..\/build\/vesk/$vesk}
-    (cd "$data" && eval "$command") >/dev/null 2>&1 || fail "from data/: $line"
-  done <"$work/commands.sh"
-fi
+commands=0
+while read -r line; do
+  commands=$((commands + 1))
+  command=${line/..\/build\//$build/}
+  (cd "$data" && eval "$command") >/dev/null 2>&1 || fail "from data/: $line"
+done < <(cat "$work/commands.sh" 2>/dev/null)
 
-echo "$count examples, $failures failures"
+echo "$count examples, $commands commands, $failures failures"
 [ "$failures" -eq 0 ]
