@@ -20,7 +20,7 @@ const char* const kWeaponPictures[] = {"gun", "pistol", "grenade"};
 
 const char* const kMissing = "missing";
 
-std::string location(const ScriptLinter::HostCall& call) {
+std::string location(const ArgumentTexts::Call& call) {
     return call.file + ":" + std::to_string(call.line);
 }
 
@@ -31,8 +31,8 @@ AssetList::AssetList(const ScriptLinter& linter, std::ostream& notes) {
     for (std::size_t i = 0; i < scripts.size(); ++i) {
         add(scripts[i], i == 0 ? "the main script" : "imported");
     }
-    for (const ScriptLinter::HostCall& call : linter.getHostCalls()) {
-        addHostCall(call, notes);
+    for (const ArgumentTexts::Call& call : linter.getTexts().getCalls()) {
+        addHostCall(linter.getTexts(), call, notes);
     }
     for (const char* picture : kGuiPictures) {
         add(picture, "status bar");
@@ -54,26 +54,31 @@ std::size_t AssetList::add(const std::string& path, const std::string& neededBy)
     return assets.size() - 1;
 }
 
-void AssetList::addHostCall(const ScriptLinter::HostCall& call, std::ostream& notes) {
-    const std::string name = call.function->name;
+void AssetList::addHostCall(const ArgumentTexts& texts, const ArgumentTexts::Call& call,
+                            std::ostream& notes) {
+    const HostFunctionSignature* function = findHostFunction(call.function);
+    const std::string name = function ? function->name : "";
     std::size_t argument = 0;
     if (name == "addPlayer") {
         argument = 2;
     } else if (name != "loadMap" && name != "addPresent") {
         return;
     }
-    if (argument >= call.literals.size() || !call.literals[argument]) {
-        notes << location(call) << ": note: " << name
-              << " is given a name computed when the script runs; its files are not listed\n";
-        return;
+    bool computed = false;
+    for (const std::optional<std::string>& text : texts.possibleTexts(call, argument)) {
+        if (!text) {
+            computed = true;
+        } else if (name == "loadMap") {
+            addMap(*text, "loadMap at " + location(call));
+        } else if (name == "addPlayer") {
+            addRole(*text, "addPlayer at " + location(call));
+        } else {
+            add("image/object/" + *text + ".bmp", "addPresent at " + location(call));
+        }
     }
-    const std::string& literal = *call.literals[argument];
-    if (name == "loadMap") {
-        addMap(literal, "loadMap at " + location(call));
-    } else if (name == "addPlayer") {
-        addRole(literal, "addPlayer at " + location(call));
-    } else {
-        add("image/object/" + literal + ".bmp", "addPresent at " + location(call));
+    if (computed) {
+        notes << location(call) << ": note: " << name
+              << " is given a name computed when the script runs; the files it can name are not all listed\n";
     }
 }
 

@@ -12,7 +12,8 @@
 // it imports; the maps named by loadMap and, in each, the piece pictures; the roles named by
 // addPlayer with their description, strips and weapon pictures; the gift-box pictures named by
 // addPresent; and what the game always loads: the status-bar pictures, the robot and the sounds.
-// Arguments computed at run time cannot be followed; each such call gets a note.
+// A name is followed through text CONSTs, variables assigned texts and helper functions' parameters
+// (ArgumentTexts); a call whose name is computed otherwise gets a note.
 class AssetList {
   public:
     explicit AssetList(const ScriptLinter& linter, std::ostream& notes);
@@ -32,7 +33,7 @@ class AssetList {
     std::size_t add(const std::string& path, const std::string& neededBy);
     void addMap(const std::string& path, const std::string& neededBy);
     void addRole(const std::string& role, const std::string& neededBy);
-    void addHostCall(const ScriptLinter::HostCall& call, std::ostream& notes);
+    void addHostCall(const ArgumentTexts& texts, const ArgumentTexts::Call& call, std::ostream& notes);
 
     std::vector<Asset> assets;
     std::set<std::string> followed;  // maps and role descriptions whose contents are listed

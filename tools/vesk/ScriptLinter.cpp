@@ -118,14 +118,19 @@ void ScriptLinter::lintLine(const Tokens& line) {
     if (line.empty()) {
         return;
     }
-    // A LOOP without WHILE or UNTIL takes the next line as its WHILE condition.
+    // The LOOP of a DO without condition takes the next line as its WHILE condition.
     if (conditionLineNext) {
         conditionLineNext = false;
         std::string text;
         readExpression(line, 0, text);
         return;
     }
-    conditionLineNext = line.size() == 1 && line[0].id == TokenLoop;
+    if (line[0].id == TokenDo) {
+        bareDos.push_back(line.size() == 1);
+    } else if (line[0].id == TokenLoop && !bareDos.empty()) {
+        conditionLineNext = bareDos.back() && line.size() == 1;
+        bareDos.pop_back();
+    }
     switch (line[0].id) {
         case TokenImport:
             if (line.size() > 1) {
@@ -133,10 +138,12 @@ void ScriptLinter::lintLine(const Tokens& line) {
             }
             return;
         case TokenFunction:
-            if (line.size() > 1) {
-                definitions.emplace(line[1].text, currentFile);
+            noteFunction(line);
+            return;
+        case TokenEnd:
+            if (line.size() > 1 && line[1].id == TokenFunction) {
+                currentFunction.clear();
             }
-            loopDepth = 0;
             return;
         case TokenDim:
             return;
@@ -178,10 +185,12 @@ void ScriptLinter::checkExit(const Tokens& line) {
 void ScriptLinter::scanStatements(const Tokens& line) {
     std::size_t position = 0;
     bool statementStart = true;
+    bool constant = false;
     while (position < line.size()) {
         const VeskToken& token = line[position];
         const bool hasNext = position + 1 < line.size();
         if (token.id == TokenLet || token.id == TokenFor || token.id == TokenConst) {
+            constant = token.id == TokenConst;
             ++position;
             statementStart = true;
             continue;
@@ -189,6 +198,7 @@ void ScriptLinter::scanStatements(const Tokens& line) {
         if (statementStart && token.id == TokenName) {
             statementStart = false;
             if (hasNext && isOperatorToken(line[position + 1], "=")) {
+                noteAssignment(line, position + 2, token.text, constant);
                 position += 2;
                 continue;
             }
@@ -264,7 +274,7 @@ std::size_t ScriptLinter::readOperand(const Tokens& line, std::size_t position, 
 // the end of the line, separated by commas.
 std::size_t ScriptLinter::readArguments(const Tokens& line, std::size_t position, bool parenthesised,
                                         const VeskToken& name, std::string& text) {
-    std::vector<std::optional<std::string>> literals;
+    std::vector<ArgumentTexts::Argument> values;
     std::string arguments;
     const bool empty = position >= line.size() || (parenthesised && isOperatorToken(line[position], ")"));
     while (!empty && position < line.size()) {
@@ -273,9 +283,11 @@ std::size_t ScriptLinter::readArguments(const Tokens& line, std::size_t position
         if (startsOperand(line[position]) || isChainOperator(line[position])) {
             position = readExpression(line, position, argument);
         }
-        const bool literal = position == start + 1 && line[start].id == TokenString;
-        literals.push_back(literal ? std::optional<std::string>(line[start].text) : std::nullopt);
-        arguments += (literals.size() > 1 ? ", " : "") + argument;
+        const bool single =
+            position == start + 1 && (line[start].id == TokenString || line[start].id == TokenName);
+        values.push_back(single ? texts.argumentOf(line[start].id == TokenString, line[start].text)
+                                : ArgumentTexts::Argument());
+        arguments += (values.size() > 1 ? ", " : "") + argument;
         if (position >= line.size() || line[position].id != TokenComma) {
             break;
         }
@@ -284,18 +296,53 @@ std::size_t ScriptLinter::readArguments(const Tokens& line, std::size_t position
     if (parenthesised && position < line.size() && isOperatorToken(line[position], ")")) {
         ++position;
     }
-    noteCall(name, literals);
+    noteCall(name, std::move(values));
     text = name.text + "(" + arguments + ")";
     return position;
 }
 
-void ScriptLinter::noteCall(const VeskToken& name, const std::vector<std::optional<std::string>>& literals) {
+// FUNCTION name [( [parameters] )]
+void ScriptLinter::noteFunction(const Tokens& line) {
+    loopDepth = 0;
+    bareDos.clear();
+    currentFunction = line.size() > 1 ? line[1].text : "";
+    definitions.emplace(currentFunction, currentFile);
+    std::vector<std::string> parameters;
+    for (std::size_t i = 2; i < line.size(); ++i) {
+        if (line[i].id == TokenName) {
+            parameters.push_back(line[i].text);
+        }
+    }
+    texts.defineFunction(currentFunction, std::move(parameters));
+}
+
+// name = value, where a value of one literal or text CONST is worth remembering.
+void ScriptLinter::noteAssignment(const Tokens& line, std::size_t value, const std::string& name,
+                                  bool constant) {
+    const bool single =
+        value + 1 == line.size() || (value + 1 < line.size() && line[value + 1].id == TokenComma);
+    if (!single || value >= line.size()) {
+        return;
+    }
+    const ArgumentTexts::Argument argument =
+        texts.argumentOf(line[value].id == TokenString, line[value].text);
+    if (!argument.text) {
+        return;
+    }
+    if (constant) {
+        texts.defineConstant(name, *argument.text);
+    } else {
+        texts.assign(currentFunction, name, *argument.text);
+    }
+}
+
+void ScriptLinter::noteCall(const VeskToken& name, std::vector<ArgumentTexts::Argument> arguments) {
+    const int given = static_cast<int>(arguments.size());
+    texts.addCall({currentFile, name.line, name.text, currentFunction, std::move(arguments)});
     const HostFunctionSignature* function = findHostFunction(name.text);
     if (!function) {
         return;
     }
-    hostCalls.push_back({currentFile, name.line, function, literals});
-    const int given = static_cast<int>(literals.size());
     const std::string reads = std::string(function->name) + " reads " + std::to_string(function->arity) +
                               (function->arity == 1 ? " argument" : " arguments") + " but is given " +
                               std::to_string(given);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "ArgumentTexts.h"
 #include "HostFunctionTable.h"
 #include "script/VeskToken.h"
 
@@ -16,17 +17,9 @@
 // otherwise than usual arithmetic, host calls with the wrong number of arguments, a last line
 // without a line end, an EXIT that leaves nothing, and shell commands run through "system".
 // Warnings go out as "FILE:LINE: warning: TEXT". On the way it notes what the asset list needs:
-// the files reached and the host calls with their literal arguments.
+// the files reached, and every call with the texts its arguments can hold.
 class ScriptLinter {
   public:
-    struct HostCall {
-        std::string file;
-        int line = 0;
-        const HostFunctionSignature* function = nullptr;
-        // Per argument, its text when it is one string literal.
-        std::vector<std::optional<std::string>> literals;
-    };
-
     explicit ScriptLinter(std::ostream& warnings) : warnings(warnings) {}
 
     // Lints FILE, a path relative to the working directory as the game gives it, and through
@@ -36,7 +29,8 @@ class ScriptLinter {
     int getWarningCount() const { return warningCount; }
     // Every script reached, the first one first, those that cannot be opened included.
     const std::vector<std::string>& getScripts() const { return scripts; }
-    const std::vector<HostCall>& getHostCalls() const { return hostCalls; }
+    // Every call of a function, the host's and the script's, with what its arguments can hold.
+    const ArgumentTexts& getTexts() const { return texts; }
     // The file that defines a script function, by upper-case name; empty when none does.
     std::string fileDefining(const std::string& function) const;
 
@@ -50,7 +44,9 @@ class ScriptLinter {
     std::size_t readOperand(const Tokens& line, std::size_t position, std::string& text);
     std::size_t readArguments(const Tokens& line, std::size_t position, bool parenthesised,
                               const VeskToken& name, std::string& text);
-    void noteCall(const VeskToken& name, const std::vector<std::optional<std::string>>& literals);
+    void noteFunction(const Tokens& line);
+    void noteAssignment(const Tokens& line, std::size_t value, const std::string& name, bool constant);
+    void noteCall(const VeskToken& name, std::vector<ArgumentTexts::Argument> arguments);
     void warn(int line, const std::string& text);
 
     std::ostream& warnings;
@@ -58,9 +54,11 @@ class ScriptLinter {
     std::string currentFile;
     int loopDepth = 0;               // loops open around the current line of the current function
     int nesting = 0;                 // groups and calls being read
-    bool conditionLineNext = false;  // the line before was a bare LOOP
+    std::vector<bool> bareDos;       // per DO open in the function: whether it has no condition
+    bool conditionLineNext = false;  // the line before was the LOOP of a DO without condition
     std::vector<std::string> scripts;
     std::set<std::string> visited;
-    std::vector<HostCall> hostCalls;
+    std::string currentFunction;  // upper case; empty outside a function
+    ArgumentTexts texts;
     std::map<std::string, std::string> definitions;
 };
