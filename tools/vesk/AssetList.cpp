@@ -1,6 +1,7 @@
 #include "AssetList.h"
 
 #include <filesystem>
+#include <system_error>
 
 #include "actors/RoleDescription.h"
 #include "core/MapFile.h"
@@ -49,7 +50,8 @@ std::size_t AssetList::add(const std::string& path, const std::string& neededBy)
             return i;
         }
     }
-    const bool present = std::filesystem::is_regular_file(path);
+    std::error_code unreadable;
+    const bool present = std::filesystem::is_regular_file(path, unreadable);
     assets.push_back({path, neededBy, present ? "" : kMissing});
     return assets.size() - 1;
 }

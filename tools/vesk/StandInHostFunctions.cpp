@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "HostFunctionTable.h"
+#include "core/MapFile.h"
 #include "scripting/BasicHostFunctions.h"
 
 namespace {
@@ -68,6 +69,20 @@ void followTheGame(const std::string& name, std::vector<VeskVariable>& stack, Ve
         auto player = world.players.find(argument(stack, 3, 1).getInteger());
         if (player != world.players.end()) {
             player->second.x = argument(stack, 3, 2);
+        }
+    } else if (name == "loadMap") {
+        // The game refuses a map it cannot use and keeps the level; a new level has no players.
+        Grevan::MapFile map;
+        VeskVariable path = argument(stack, 1, 1);
+        if (map.read(path.getString().c_str())) {
+            world.players.clear();
+        } else {
+            std::cout << map.getRefusal() << std::endl;
+        }
+    } else if (name == "waitForPlayerAction") {
+        const VeskVariable id = argument(stack, 1, 1);
+        if (!world.players.count(id.getInteger())) {
+            std::cerr << "vesk: " << id.toText() << " is no player: the game would wait here for ever\n";
         }
     } else if (name == "playerX" || name == "playerY") {
         auto player = world.players.find(argument(stack, 1, 1).getInteger());
