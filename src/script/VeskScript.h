@@ -51,6 +51,8 @@ class VeskScript {
 
     // Lexer
     bool load(std::string fileName);
+    // A script file's text as load reads it: up to its first NUL. False when it cannot be read.
+    static bool readText(const std::string& fileName, std::string& text);
     bool parse(std::string text);
     // Appends the tokens of `text` to the current queue; false (and the last error) when the text
     // ends inside a string. parse scans into a queue of its own.

@@ -1,7 +1,5 @@
 #include "ScriptLinter.h"
 
-#include <cstdio>
-
 #include "OperatorChain.h"
 #include "script/VeskScript.h"
 #include "script/VeskTables.h"
@@ -35,26 +33,6 @@ bool startsOperand(const VeskToken& token) {
            isOperatorToken(token, "(");
 }
 
-// The text as the engine reads it: up to its first NUL.
-std::optional<std::string> readScript(const std::string& path) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) {
-        return std::nullopt;
-    }
-    std::string text;
-    char buffer[1 << 16];
-    std::size_t count;
-    while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0) {
-        text.append(buffer, count);
-    }
-    const bool unreadable = std::ferror(file) != 0;
-    std::fclose(file);
-    if (unreadable) {
-        return std::nullopt;
-    }
-    return text.substr(0, text.find('\0'));
-}
-
 int lineCount(const std::string& text) {
     int lines = 1;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -82,19 +60,19 @@ void ScriptLinter::lint(const std::string& path) {
         return;
     }
     scripts.push_back(path);
-    const std::optional<std::string> text = readScript(path);
-    if (!text) {
+    std::string text;
+    if (!VeskScript::readText(path, text)) {
         return;
     }
     const std::string importer = currentFile;
     const int importerLoopDepth = loopDepth;
     currentFile = path;
     loopDepth = 0;
-    if (!text->empty() && text->back() != '\n' && text->back() != '\r') {
-        warn(lineCount(*text), "the file does not end with a line end, so its last word is dropped");
+    if (!text.empty() && text.back() != '\n' && text.back() != '\r') {
+        warn(lineCount(text), "the file does not end with a line end, so its last word is dropped");
     }
     VeskScript scanner;
-    scanner.scan(*text);
+    scanner.scan(text);
     Tokens line;
     try {
         for (;;) {
