@@ -6,8 +6,9 @@
 
 namespace Grevan {
 
-// The pictures of the level's pieces: solid ground, platforms, crates, a wall and a rock, and
-// the decoration around them (hills, clouds, trees, bushes, flowers, a fence, a sign).
+// The pictures of the meadow's pieces: solid ground, platforms, crates (which the other levels
+// use too), a wall and a rock, and the decoration around them (hills, clouds, trees, bushes,
+// flowers, a fence, a sign).
 class LevelArt {
   public:
     // Written under image/object/.

@@ -63,11 +63,17 @@ void PresentArt::grenades(Painter& p) {
     const int h = p.height();
     // Two grenades sitting in a low wooden crate.
     for (int cx : {8, 21}) {
-        p.cluster({{cx, 10, 6}}, kOlive);
-        p.line(cx - 5, 9, cx + 5, 9, kOlive.shadow);
-        p.line(cx, 5, cx, 13, kOlive.shadow);
-        p.fill(cx - 1, 2, cx + 1, 4, kMetal.base);
-        p.line(cx + 2, 3, cx + 5, 8, kMetal.shadow);
+        p.oval(cx, 11, 6, 7, kOlive.shadow);
+        p.oval(cx - 1, 10, 5, 6, kOlive.base);
+        p.oval(cx - 2, 8, 2, 3, kOlive.light);
+        // Scored into a grid of segments, as the status bar's grenade is.
+        for (int k = -3; k <= 3; k += 3) {
+            p.line(cx - 5, 11 + k, cx + 5, 11 + k, kOlive.shadow);
+            p.line(cx + k, 5, cx + k, 17, kOlive.shadow);
+        }
+        p.pixel(cx - 3, 7, kOlive.highlight);
+        p.bevelBox(cx - 2, 1, cx + 1, 4, kMetal);
+        p.line(cx + 2, 2, cx + 6, 9, kMetal.shadow);
     }
     p.bevelBox(1, 14, w - 2, h - 1, kWood);
     p.line(3, 20, w - 4, 20, kWood.shadow);
