@@ -36,6 +36,9 @@ Game::Game(StartMode mode) : startMode(mode) {
 }
 
 Game::~Game() {
+    // The script thread must not outlive the world it acts on.
+    endGame();
+    scriptSystem.stop();
     // Bitmaps cannot be freed once Allegro is gone, so the world and the pages go first. The
     // game itself is never deleted; this serves tests and tools.
     objectSystem.cleanupObjects();
@@ -60,7 +63,9 @@ bool Game::start() {
     infoBar.initialize();
     infoBar.show();
     createRobot();
+    scriptSystem.start();
     gameLoop();
+    scriptSystem.stop();
     robot.reset();
     return true;
 }
@@ -79,6 +84,8 @@ void Game::gameLoop() {
             gameEnded = true;
         }
         pacer.beginFrame(time(nullptr));
+        // Input only queues events; it is read outside the game lock.
+        inputSystem.doInput();
         playFrame(screen.getBufferPage(), pacer.getFramesLastSecond());
         screen.flip();
         // A negative delay becomes a very long sleep; the pacing never lets a healthy machine
@@ -89,6 +96,7 @@ void Game::gameLoop() {
 
 void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
     lockGame();
+    eventSystem.handleEvents();
     objectSystem.moveObjects();
     aimSystem.move();
     mapSystem.draw(buffer);
@@ -154,6 +162,7 @@ void Game::loadMap(const char* path) {
     players.clear();
     dialog.hide();
     mainPlayer = nullptr;
+    eventSystem.clear();
     objectSystem.cleanupObjects();
     mapSystem.initialize(map.getWidth(), map.getHeight());
     blockSystem.initialize(map.getWidth(), map.getHeight());

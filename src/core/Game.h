@@ -8,9 +8,14 @@
 
 #include "actors/AimSystem.h"
 #include "actors/Robot.h"
+#include "core/AISystem.h"
+#include "core/ClientNetwork.h"
+#include "core/EventSystem.h"
 #include "core/InputSystem.h"
 #include "core/MapSystem.h"
+#include "core/MenuSystem.h"
 #include "core/Screen.h"
+#include "core/ServerNetwork.h"
 #include "scripting/ScriptSystem.h"
 #include "ui/Dialog.h"
 #include "ui/InfoBar.h"
@@ -41,7 +46,8 @@ class Game {
     // could be set.
     bool start();
     void gameLoop();
-    // One frame from taking the game lock to the status lines, drawn into buffer.
+    // One frame from taking the game lock (handling the input events) to the status lines,
+    // drawn into buffer.
     void playFrame(BITMAP* buffer, int framesLastSecond);
     void endGame() { gameEnded = true; }
     bool isRunning() const { return !gameEnded; }
@@ -59,8 +65,13 @@ class Game {
     Screen& getScreen() { return screen; }
     InputSystem& getInputSystem() { return inputSystem; }
     MapSystem& getMapSystem() { return mapSystem; }
+    EventSystem& getEventSystem() { return eventSystem; }
+    ClientNetwork& getClientNetwork() { return clientNetwork; }
+    ServerNetwork& getServerNetwork() { return serverNetwork; }
     ObjectSystem& getObjectSystem() { return objectSystem; }
     SoundSystem& getSoundSystem() { return soundSystem; }
+    AISystem& getAISystem() { return aiSystem; }
+    MenuSystem& getMenuSystem() { return menuSystem; }
     BlockSystem& getBlockSystem() { return blockSystem; }
     AimSystem& getAimSystem() { return aimSystem; }
     ScriptSystem& getScriptSystem() { return scriptSystem; }
@@ -98,8 +109,13 @@ class Game {
     Screen screen;
     InputSystem inputSystem;
     MapSystem mapSystem;
+    EventSystem eventSystem;
+    ClientNetwork clientNetwork;
+    ServerNetwork serverNetwork;
     ObjectSystem objectSystem{blockSystem};
     SoundSystem soundSystem;
+    AISystem aiSystem;
+    MenuSystem menuSystem;
     BlockSystem blockSystem;
     AimSystem aimSystem;
     ScriptSystem scriptSystem;

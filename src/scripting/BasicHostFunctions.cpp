@@ -9,6 +9,8 @@ void print(std::vector<VeskVariable>& stack, VeskVariable&, int argumentCount) {
         const std::string& text = stack[i].getString();
         std::fwrite(text.data(), 1, text.size(), stdout);
     }
+    // Whoever watches the game's output sees a script's lines as they are printed.
+    std::fflush(stdout);
 }
 
 void isNull(std::vector<VeskVariable>& stack, VeskVariable& result, int argumentCount) {

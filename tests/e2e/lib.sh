@@ -92,6 +92,20 @@ e2e_add_file() {
     cp "$2" "$E2E_WORK/$1"
 }
 
+# Writes standard input as the game's main script, script/main.fb.
+e2e_add_script() {
+    mkdir -p "$E2E_WORK/script"
+    cat >"$E2E_WORK/script/main.fb"
+}
+
+# Adds the small level most tests play on, as maps/field.map: 1600 x 600, a floor whose top is
+# at y 520, a crate at its right end.
+e2e_add_field() {
+    e2e_add_file maps/field.map "$(dirname "${BASH_SOURCE[0]}")/files/field.map"
+}
+
+e2e_remove_file() { rm -f "$E2E_WORK/$1"; }
+
 e2e_start() {
     (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) &
     E2E_PID=$!
@@ -128,7 +142,13 @@ e2e_key_down() { xdotool keydown "$1"; }
 e2e_key_up() { xdotool keyup "$1"; }
 # Moves the pointer to a point of the game window.
 e2e_mouse_move() { xdotool mousemove --window "$E2E_WINDOW" "$1" "$2"; }
-e2e_click() { xdotool click "${1:-1}"; }
+# Holds the button for 0.1 s: the game reads the buttons once a frame and sees no click that
+# begins and ends between two frames.
+e2e_click() {
+    xdotool mousedown "${1:-1}"
+    sleep 0.1
+    xdotool mouseup "${1:-1}"
+}
 
 # Takes a screenshot of the game window; prints the PNG's path.
 e2e_screenshot() {
@@ -163,6 +183,12 @@ e2e_wait_for_exit() {
 }
 
 e2e_stdout() { cat "$E2E_WORK/stdout.log"; }
+
+# Prints the last line of standard output that starts with the text.
+e2e_last_line() { grep -- "^$1" "$E2E_WORK/stdout.log" | tail -n 1; }
+
+# Prints the number of lines on standard output so far.
+e2e_line_count() { wc -l <"$E2E_WORK/stdout.log"; }
 
 # Fails when the game has reported a broken script (also a failed event function, reported as
 # "FUNCTION(LINE): error : detail") or a missing file on standard output.

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <thread>
 
+#include "support/CombatScene.h"
 #include "support/TestSupport.h"
 
 using Grevan::ScriptSystem;
@@ -38,6 +40,79 @@ TEST(ScriptSystem, RaisingWhileAnotherThreadDrainsLosesNothing) {
     }
     raiser.join();
     EXPECT_EQ(scripts.getPendingEventCount(), kEvents - kEvents / 2);
+}
+
+}  // namespace
+
+namespace {
+
+// The script thread of a headless game, started on a script of the test's own; `finish` ends
+// the game, joins the thread and gives everything printed since the start.
+class ScriptThread : public CombatScene {
+  protected:
+    void start(const std::string& source) {
+        testing::internal::CaptureStdout();
+        scripts().start(source.empty() ? "no/such/main.fb" : folder.writeFile("main.fb", source));
+    }
+    std::string finish() {
+        game->endGame();
+        scripts().stop();
+        fflush(stdout);
+        return testing::internal::GetCapturedStdout();
+    }
+    Grevan::ScriptSystem& scripts() { return game->getScriptSystem(); }
+    void sleep(int milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
+};
+
+TEST_F(ScriptThread, AMissingScriptIsReportedAndTheThreadRunsAllTheSame) {
+    start("");
+    sleep(50);
+    EXPECT_TRUE(game->isRunning());
+    EXPECT_EQ(finish(),
+              "Script error: Failed to open file. : no/such/main.fb\n"
+              "Script thread running \n"
+              "Runtime error: At line 0 : MAIN: Function not found : MAIN\n"
+              "Script thread ended\n");
+}
+
+TEST_F(ScriptThread, EventsRaisedWhileMainRunsAreServedAfterItInOrderEachOnce) {
+    start(
+        "FUNCTION Main()\n  print(\"main\\n\")\n  delay(300)\n  print(\"main done\\n\")\nEND FUNCTION\n"
+        "FUNCTION OnKill(Id, X, Y)\n  print(\"kill \", Id, \" \", X, \" \", Y, \"\\n\")\nEND FUNCTION\n");
+    sleep(50);
+    scripts().raise("OnKill", 7, 120, -3);
+    scripts().raise("onkill", 8, 0, 1);
+    sleep(700);
+    EXPECT_EQ(scripts().getPendingEventCount(), 0);
+    EXPECT_EQ(finish(),
+              "Script thread running \nmain\nmain done\nkill 7 120 -3\nkill 8 0 1\nScript thread ended\n");
+}
+
+TEST_F(ScriptThread, AFailingEventFunctionIsReportedAndTheNextEventIsStillServed) {
+    start(
+        "FUNCTION Main()\nEND FUNCTION\n"
+        "FUNCTION OnPresent(Id)\n  print(\"never\")\nEND FUNCTION\n"
+        "FUNCTION OnKill(Id, X, Y)\n  print(\"kill \", Id, \"\\n\")\nEND FUNCTION\n");
+    scripts().raise("OnPresent", 1, 2, 3);
+    scripts().raise("OnSomethingElse", 1, 2, 3);
+    scripts().raise("OnKill", 4, 5, 6);
+    sleep(400);
+    EXPECT_EQ(finish(),
+              "Script thread running \n"
+              "ONPRESENT(0): Too many parameters : ONPRESENT\n"
+              "ONSOMETHINGELSE(0): Function not found : ONSOMETHINGELSE\n"
+              "kill 4\n"
+              "Script thread ended\n");
+}
+
+// Ending the game ends the script whatever it is doing: here a loop without end in Main.
+TEST_F(ScriptThread, EndingTheGameStopsAScriptThatNeverReturns) {
+    start("FUNCTION Main()\n  DO WHILE 1\n    N = N + 1\n  LOOP\nEND FUNCTION\n");
+    sleep(100);
+    EXPECT_EQ(finish(),
+              "Script thread running \n"
+              "Runtime error: At line 0 : MAIN: Script stopped : MAIN\n"
+              "Script thread ended\n");
 }
 
 }  // namespace

@@ -1,0 +1,279 @@
+// The game's host functions, each through a script run against a headless game: what they
+// change, what they give back, what they print, and which of them hold the game lock.
+
+#include "scripting/HostFunctions.h"
+
+#include <future>
+#include <string>
+#include <thread>
+
+#include "actors/AIPlayer.h"
+#include "actors/Grenade.h"
+#include "actors/Gun.h"
+#include "actors/Pistol.h"
+#include "actors/PresentBox.h"
+#include "core/GameLock.h"
+#include "script/VeskScript.h"
+#include "scripting/HostAccess.h"
+#include "scripting/HostArguments.h"
+#include "scripting/ScriptSystem.h"
+#include "support/CombatScene.h"
+
+using Grevan::Player;
+using GrevanTest::printedBy;
+
+namespace {
+
+class HostFunctions : public CombatScene {
+  protected:
+    void SetUp() override {
+        CombatScene::SetUp();
+        Grevan::game = game.get();
+    }
+
+    // Runs `body` as the script's Main, with Me holding the id of `me`, in an engine with the
+    // game's host functions; gives what it printed.
+    std::string run(const std::string& body) {
+        VeskScript script;
+        Grevan::ScriptSystem::registerHostFunctions(script);
+        std::string source =
+            "FUNCTION Main()\n  Me = " + std::to_string(me->getId()) + "\n" + body + "\nEND FUNCTION\n";
+        EXPECT_TRUE(script.parse(source)) << script.getLastError();
+        return printedBy([&] { EXPECT_TRUE(script.run("Main")) << script.getLastError(); });
+    }
+    // The same, on a thread of its own, as the game runs scripts.
+    std::future<std::string> runAside(const std::string& body) {
+        return std::async(std::launch::async, [this, body] { return run(body); });
+    }
+};
+
+TEST_F(HostFunctions, PrintWritesEachArgumentWithoutSeparatorOrLineEnd) {
+    EXPECT_EQ(run("print(\"a\", 1, 2.5)"), "a12.500000");
+}
+
+TEST_F(HostFunctions, AddPlayerMakesTheLastHumanTheUsersAndNeverAnOpponent) {
+    std::string printed =
+        run("A = addPlayer(0, 255, \"soldier\", \"Ann\", 100, 200)\n"
+            "B = addPlayer(0, 65280, \"soldier\", \"Bo\", 300, 210)\n"
+            "C = addPlayer(1, 16711680, \"raider\", \"Cy\", 500, 220)\n"
+            "print(A, \" \", B, \" \", C)");
+    int a = 0, b = 0, c = 0;
+    ASSERT_EQ(sscanf(printed.c_str(), "%d %d %d", &a, &b, &c), 3) << printed;
+    auto* second = dynamic_cast<Player*>(objects().getObjectById(b));
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(game->getMainPlayer(), second);
+    EXPECT_EQ(second->getName(), "Bo");
+    EXPECT_EQ(second->getColor(), 65280);
+    EXPECT_EQ(second->getX(), 300);
+    EXPECT_EQ(second->getY(), 210);
+    auto* opponent = dynamic_cast<Grevan::AIPlayer*>(objects().getObjectById(c));
+    ASSERT_NE(opponent, nullptr);
+    EXPECT_EQ(opponent->getRole(), "raider");
+    EXPECT_EQ(dynamic_cast<Grevan::AIPlayer*>(objects().getObjectById(a)), nullptr);
+    ASSERT_EQ(game->getPlayers().size(), 4u);
+    EXPECT_EQ(game->getPlayers().back(), opponent);
+}
+
+TEST_F(HostFunctions, AddPlayerWeaponFillsAnEmptySlotByItsNumberAndThenOnlyAddsRounds) {
+    std::string printed =
+        run("addPlayerWeapon(Me, 1, 10)\naddPlayerWeapon(Me, 1, 5)\n"
+            "addPlayerWeapon(Me, 2, 7)\naddPlayerWeapon(Me, 3, 2)\naddPlayerWeapon(Me, 0, "
+            "9)\naddPlayerWeapon(Me, 6, 9)\n"
+            "addPlayerWeapon(Me + 1000, 1, 9)");
+    auto* pistol = dynamic_cast<Grevan::Pistol*>(me->getWeapon(1));
+    ASSERT_NE(pistol, nullptr);
+    EXPECT_EQ(pistol->getBulletTotal(), 15);
+    ASSERT_NE(dynamic_cast<Grevan::Gun*>(me->getWeapon(2)), nullptr);
+    EXPECT_EQ(me->getWeapon(2)->getBulletTotal(), 7);
+    ASSERT_NE(dynamic_cast<Grevan::Grenade*>(me->getWeapon(3)), nullptr);
+    EXPECT_EQ(me->getWeapon(3)->getBulletTotal(), 2);
+    EXPECT_EQ(me->getWeapon(0), nullptr);
+    EXPECT_EQ(printed, "No weapon slot 6\n");
+}
+
+TEST_F(HostFunctions, ShowObjectShowsAnyObjectAndNamesAnUnknownId) {
+    Grevan::Object* piece = objects().getObjects().front();
+    piece->hide();
+    EXPECT_EQ(run("showObject(" + std::to_string(piece->getId()) + ")\nshowObject(987654)"),
+              "Object not found 987654\n");
+    EXPECT_TRUE(piece->isVisible());
+}
+
+TEST_F(HostFunctions, PlayerFunctionsFindOnlyPlayersByTheirObjectId) {
+    std::string printed =
+        run("Box = addPresent(\"ammo\", 300, 200)\n"
+            "print(isNull(playerX(Box)), isNull(playerY(Box)), isNull(playerX(123456)), \" \")\n"
+            "print(playerX(Me), \" \", playerY(Me), \" \")\n"
+            "setPlayerHealth(Box, 5)\nprint(Box)");
+    EXPECT_EQ(printed.substr(0, 4), "111 ");
+    EXPECT_EQ(printed.substr(4, printed.rfind(' ') - 4),
+              std::to_string(me->getCentralX()) + " " + std::to_string(me->getCentralY()));
+    auto* box = dynamic_cast<Grevan::PresentBox*>(
+        objects().getObjectById(std::stoi(printed.substr(printed.rfind(' ')))));
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->isVisible());
+    EXPECT_EQ(box->getX(), 300);
+    EXPECT_GT(box->getWidth(), 0) << "the picture image/object/ammo.bmp is loaded";
+}
+
+TEST_F(HostFunctions, AddHiddenPresentPrintsItsLineAndPlacesABoxWithoutAPicture) {
+    std::string printed = run("print(addHiddenPresent(10, 20, 30, 40))");
+    const std::string line = "add hidden present 10, 20, 30, 40\n";
+    ASSERT_EQ(printed.substr(0, line.size()), line);
+    auto* box =
+        dynamic_cast<Grevan::PresentBox*>(objects().getObjectById(std::stoi(printed.substr(line.size()))));
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->getX(), 10);
+    EXPECT_EQ(box->getY(), 20);
+    EXPECT_EQ(box->getWidth(), 30);
+    EXPECT_EQ(box->getHeight(), 40);
+    EXPECT_TRUE(box->isVisible());
+}
+
+TEST_F(HostFunctions, SetPlayerAIModeChangesOnlyOpponents) {
+    auto* opponent = new Grevan::AIPlayer("Cy", "raider");
+    game->addPlayer(opponent);
+    run("setPlayerAIMode(" + std::to_string(opponent->getId()) + ", 1)\nsetPlayerAIMode(Me, 1)");
+    EXPECT_TRUE(opponent->isUnderControl());
+    run("setPlayerAIMode(" + std::to_string(opponent->getId()) + ", 0)");
+    EXPECT_FALSE(opponent->isUnderControl());
+}
+
+TEST_F(HostFunctions, OrdersReachThePlayer) {
+    Grevan::Pistol* pistol = arm<Grevan::Pistol>(me, 0);
+    run("switchWeapon(Me, 1)\nplayerDoAim(Me, 400, 120)\nplayerDoMove(Me, 160, 77)\nsetPlayerHealth(Me, 40)");
+    EXPECT_EQ(me->getEquipment(), 1);
+    EXPECT_EQ(me->getAimX(), 400);
+    EXPECT_EQ(me->getAimY(), 120);
+    EXPECT_TRUE(me->isPlayerActionOn());
+    EXPECT_EQ(me->getAction().type, Grevan::ACTION_MOVE_TO);
+    EXPECT_EQ(me->getAction().x, 160);
+    EXPECT_EQ(me->getAction().y, 77);
+    EXPECT_EQ(me->getHealth(), 40);
+
+    const int loaded = pistol->getBulletCurrent();
+    me->moveRight(true);
+    run("playerDoFire(Me, 400, 300)\nplayerDoStop(Me)");
+    EXPECT_EQ(pistol->getBulletCurrent(), loaded - 1);
+    EXPECT_FALSE(me->isPlayerActionOn());
+    EXPECT_FALSE(me->isMovingRight());
+
+    run("die(Me)");
+    EXPECT_EQ(me->getState(), Grevan::PLAYER_DEAD);
+}
+
+// With a fixed arity the arguments are the top entries, whatever the script passed: an extra
+// leading argument is ignored, and too few read the caller's values, or undefined below them.
+TEST_F(HostFunctions, ArgumentsAreReadAtFixedDepthsFromTheTop) {
+    run("setPlayerHealth(999, Me, 40)");
+    EXPECT_EQ(me->getHealth(), 40);
+
+    std::vector<VeskVariable> stack(2);
+    stack[0].setInteger(7);
+    stack[1].setString("last");
+    Grevan::HostArguments four(stack, 4);
+    EXPECT_EQ(four.text(1), "undefined");
+    EXPECT_EQ(four.integer(2), 0);
+    EXPECT_EQ(four.integer(3), 7);
+    EXPECT_EQ(four.text(4), "last");
+    Grevan::HostArguments one(stack, 1);
+    EXPECT_EQ(one.text(1), "last");
+}
+
+TEST_F(HostFunctions, ControlTheRobotAndTheGameEnd) {
+    game->createRobot();
+    game->setMainPlayer(me);
+    me->moveLeft(true);
+    run("lockControl(1)\nshowRobot(1)");
+    EXPECT_FALSE(game->canControl());
+    EXPECT_FALSE(me->isMovingLeft()) << "locking stops the main player";
+    EXPECT_TRUE(game->getRobot()->isVisible());
+    run("lockControl(0)\nshowRobot(0)");
+    EXPECT_TRUE(game->canControl());
+    EXPECT_FALSE(game->getRobot()->isVisible());
+    run("endgame()");
+    EXPECT_FALSE(game->isRunning());
+}
+
+TEST_F(HostFunctions, LoadMapBuildsTheLevelOrSaysWhyNot) {
+    std::string path = folder.writeFile("small.map", "0 900 500 1 2 3 0");
+    EXPECT_EQ(run("loadMap(\"" + path + "\")"), "");
+    EXPECT_EQ(map().getWidth(), 900);
+    EXPECT_EQ(game->getMainPlayer(), nullptr);
+    EXPECT_NE(run("loadMap(\"no/such.map\")"), "");
+    EXPECT_EQ(map().getWidth(), 900);
+}
+
+TEST_F(HostFunctions, SystemRunsTheCommandAfterWhatTheScriptPrinted) {
+    EXPECT_EQ(run("print(\"before \")\nsystem(\"echo from the shell\")\nprint(\"after\")"),
+              "before from the shell\nafter");
+}
+
+TEST_F(HostFunctions, SayShowsTheBubbleAtThePlayerAndWaitsUntilItHasGone) {
+    EXPECT_EQ(run("say(123456, \"nobody\")\nprint(\"back\")"), "back") << "an unknown id returns at once";
+    me->setColor(makecol(0, 0, 255));
+    std::future<std::string> said = runAside("say(Me, \"Hello there\")\nprint(\"said\")");
+    Grevan::Dialog& bubble = game->getDialog();
+    for (int i = 0; i < 200 && !bubble.isVisible(); i++) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    ASSERT_TRUE(bubble.isVisible());
+    EXPECT_EQ(bubble.getText(), "Hello there");
+    EXPECT_EQ(said.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    // While the script waits, the main loop has the world: frames run until the bubble times out.
+    for (int i = 0; i <= Grevan::Dialog::kDefaultDelay; i++) {
+        runFrames(1);
+    }
+    EXPECT_EQ(said.get(), "said");
+}
+
+class WaitingHostFunction : public HostFunctions, public testing::WithParamInterface<const char*> {};
+
+TEST_P(WaitingHostFunction, ReturnsOnceTheGameHasEnded) {
+    std::future<std::string> waiting = runAside(std::string(GetParam()) + "\nprint(\"back\")");
+    EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    game->endGame();
+    ASSERT_EQ(waiting.wait_for(std::chrono::seconds(1)), std::future_status::ready);
+    EXPECT_EQ(waiting.get(), "back");
+}
+
+INSTANTIATE_TEST_SUITE_P(Waits, WaitingHostFunction,
+                         testing::Values("delay(600000)", "waitForPlayerAction(123456)", "fadeIn()",
+                                         "fadeOut()", "say(Me, \"Hello\")"));
+
+// The functions that touch the world wait for the game lock; those that only wait, print or
+// flag do not need it, and no function holds it while it waits.
+TEST_F(HostFunctions, OnlyFunctionsThatTouchTheWorldTakeTheGameLock) {
+    struct Case {
+        const char* call;
+        bool locked;
+    };
+    const Case cases[] = {
+        {"print(\"x\")", false},
+        {"isNull(1)", false},
+        {"system(\"true\")", false},
+        {"delay(1)", false},
+        {"lockControl(0)", false},
+        {"playerX(Me)", true},
+        {"setPlayerHealth(Me, 9)", true},
+        {"showObject(Me)", true},
+        {"addHiddenPresent(1, 2, 3, 4)", true},
+        {"loadMap(\"no/such.map\")", true},
+        {"playerDoStop(Me)", true},
+        {"waitForPlayerAction(Me)", true},
+    };
+    for (const Case& c : cases) {
+        Grevan::lockGame();
+        std::future<std::string> call = runAside(c.call);
+        const bool finished = call.wait_for(std::chrono::milliseconds(300)) == std::future_status::ready;
+        Grevan::unlockGame();
+        call.get();
+        EXPECT_EQ(finished, !c.locked) << c.call;
+    }
+    std::future<std::string> waiting = runAside("delay(1000)");
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    Grevan::GameLockGuard taken;  // would hang here if delay held the lock
+    EXPECT_EQ(waiting.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
+}
+
+}  // namespace
