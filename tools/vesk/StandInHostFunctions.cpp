@@ -9,12 +9,13 @@
 #include "HostFunctionTable.h"
 #include "core/MapFile.h"
 #include "scripting/BasicHostFunctions.h"
+#include "scripting/HostArguments.h"
 
 namespace {
 
 struct Position {
-    VeskVariable x;
-    VeskVariable y;
+    int x;
+    int y;
 };
 
 // The dry run's world: what the game would know of the objects the script made. Host functions
@@ -46,13 +47,6 @@ void reportCall(const char* name, std::vector<VeskVariable>& stack, int argument
     std::cerr << line;
 }
 
-// Argument `k` (from 1) of a function that reads `arity`, where the game reads it: the entry
-// arity - k below the top, whatever the script passed. Beneath the stack's bottom it is undefined.
-VeskVariable argument(const std::vector<VeskVariable>& stack, int arity, int k) {
-    const std::size_t depth = static_cast<std::size_t>(arity - k) + 1;
-    return depth <= stack.size() ? stack[stack.size() - depth] : VeskVariable();
-}
-
 int newObject(VeskVariable& result) {
     const int id = world.nextObjectId++;
     result.setInteger(id);
@@ -61,35 +55,34 @@ int newObject(VeskVariable& result) {
 
 void followTheGame(const std::string& name, std::vector<VeskVariable>& stack, VeskVariable& result) {
     if (name == "addPlayer") {
-        const int id = newObject(result);
-        world.players[id] = {argument(stack, 6, 5), argument(stack, 6, 6)};
+        const Grevan::HostArguments arguments(stack, 6);
+        world.players[newObject(result)] = {arguments.integer(5), arguments.integer(6)};
     } else if (name == "addPresent" || name == "addHiddenPresent") {
         newObject(result);
-    } else if (name == "playerDoMove") {
-        auto player = world.players.find(argument(stack, 3, 1).getInteger());
-        if (player != world.players.end()) {
-            player->second.x = argument(stack, 3, 2);
-        }
     } else if (name == "loadMap") {
         // The game refuses a map it cannot use and keeps the level; a new level has no players.
         Grevan::MapFile map;
-        VeskVariable path = argument(stack, 1, 1);
-        if (map.read(path.getString().c_str())) {
+        if (map.read(Grevan::HostArguments(stack, 1).text(1).c_str())) {
             world.players.clear();
         } else {
             std::cout << map.getRefusal() << std::endl;
         }
+    } else if (name == "playerDoMove") {
+        const Grevan::HostArguments arguments(stack, 3);
+        auto player = world.players.find(arguments.integer(1));
+        if (player != world.players.end()) {
+            player->second.x = arguments.integer(2);
+        }
     } else if (name == "waitForPlayerAction") {
-        const VeskVariable id = argument(stack, 1, 1);
-        if (!world.players.count(id.getInteger())) {
-            std::cerr << "vesk: " << id.toText() << " is no player: the game would wait here for ever\n";
+        const Grevan::HostArguments arguments(stack, 1);
+        if (!world.players.count(arguments.integer(1))) {
+            std::cerr << "vesk: " << arguments.text(1)
+                      << " is no player: the game would wait here for ever\n";
         }
     } else if (name == "playerX" || name == "playerY") {
-        auto player = world.players.find(argument(stack, 1, 1).getInteger());
+        auto player = world.players.find(Grevan::HostArguments(stack, 1).integer(1));
         if (player != world.players.end()) {
-            // The game's value is an integer whatever the script gave.
-            const VeskVariable& given = name == "playerX" ? player->second.x : player->second.y;
-            result.setInteger(given.getInteger());
+            result.setInteger(name == "playerX" ? player->second.x : player->second.y);
         }
     }
 }
