@@ -12,9 +12,9 @@ namespace Grevan {
 // it then only carries out the script's orders.
 class AIPlayer : public Player {
   public:
-    static const int kFirstThought = 50;  // frames of grace after creation
-    static const int kThinkEvery = 20;    // frames between decisions
-    static const int kShotSpread = 120;   // pixels; a shot lands up to half of it off the target
+    static constexpr int kFirstThought = 50;  // frames of grace after creation
+    static constexpr int kThinkEvery = 20;    // frames between decisions
+    static constexpr int kShotSpread = 120;   // pixels; a shot lands up to half of it off the target
 
     AIPlayer(const std::string& name, const std::string& role);
     ~AIPlayer() override = default;

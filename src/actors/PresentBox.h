@@ -12,8 +12,8 @@ class PresentBox : public RealBody {
     PresentBox();
     ~PresentBox() override = default;
 
-    // Only the main player has any effect; the rigid-body response (landing, bouncing) never
-    // takes place, so a box neither rests on nor pushes back at what it meets.
+    // Only the main player has any effect. The rigid-body response never takes place: a box
+    // never lands or bounces, it only falls and is put back on top of what it meets.
     void handleCollision(int side, Object* other) override;
 };
 

@@ -1,13 +1,18 @@
 #include "core/Screen.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <initializer_list>
 
 namespace Grevan {
 
-Screen::~Screen() { releasePages(); }
+Screen::~Screen() {
+    releasePages();
+}
 
-void Screen::releasePages() { adoptPages(nullptr, nullptr, nullptr); }
+void Screen::releasePages() {
+    adoptPages(nullptr, nullptr, nullptr);
+}
 
 bool Screen::setVideoMode(int w, int h, int bits) {
     // Video pages belong to the graphics mode: free them before the mode changes, since
@@ -87,8 +92,31 @@ void Screen::flip() {
     }
 }
 
+namespace {
+// Each pixel of a 32-bit memory bitmap made what Allegro's translucent sprite makes of a black
+// pixel drawn over it at this alpha (0 to 255): its 24- and 32-bit blender's arithmetic,
+// unsigned wrap-around included, red and blue in one multiply. Done in place it spares the
+// full-screen overlay and a blender call per pixel, and gives the same picture to the bit.
+void darkenInPlace(BITMAP* b, unsigned long alpha) {
+    const unsigned long n = alpha ? alpha + 1 : 0;
+    for (int y = 0; y < b->h; y++) {
+        uint32_t* row = reinterpret_cast<uint32_t*>(b->line[y]);
+        for (int x = 0; x < b->w; x++) {
+            unsigned long pixel = row[x];
+            unsigned long redBlue = (0UL - (pixel & 0xFF00FF)) * n / 256 + pixel;
+            unsigned long green = (0UL - (pixel & 0xFF00)) * n / 256 + (pixel & 0xFF00);
+            row[x] = static_cast<uint32_t>((redBlue & 0xFF00FF) | (green & 0xFF00));
+        }
+    }
+}
+}  // namespace
+
 void Screen::darkenBuffer() {
     if (!buffer) {
+        return;
+    }
+    if (bitmap_color_depth(buffer) == 32 && is_memory_bitmap(buffer)) {
+        darkenInPlace(buffer, static_cast<unsigned long>(fadeAlpha));
         return;
     }
     BITMAP* black = create_bitmap(buffer->w, buffer->h);

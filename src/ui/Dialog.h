@@ -17,8 +17,8 @@ namespace Grevan {
 // callers on the script thread hold the game lock around setText.
 class Dialog {
   public:
-    static const int kDefaultDelay = 300;    // frames, about four and a half seconds at 66 a second
-    static const int kShortestShowing = 30;  // frames before hide may cut a bubble short
+    static constexpr int kDefaultDelay = 300;    // frames, about four and a half seconds at 66 a second
+    static constexpr int kShortestShowing = 30;  // frames before hide may cut a bubble short
 
     Dialog() = default;
     ~Dialog();

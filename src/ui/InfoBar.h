@@ -9,16 +9,16 @@ namespace Grevan {
 // the number of reserve rounds. It follows the main player by itself in every draw.
 class InfoBar {
   public:
-    static const int kBarX = 128;  // screen pixels, the left end of both bars
-    static const int kHealthBarY = 52;
-    static const int kArmourBarY = 70;
-    static const int kIconX = 275;
-    static const int kIconY = 15;
-    static const int kReserveX = 392;
-    static const int kReserveY = 30;
-    static const int kCartridgeX = 392;
-    static const int kCartridgeY = 50;
-    static const int kCartridgeStep = 8;
+    static constexpr int kBarX = 128;  // screen pixels, the left end of both bars
+    static constexpr int kHealthBarY = 52;
+    static constexpr int kArmourBarY = 70;
+    static constexpr int kIconX = 275;
+    static constexpr int kIconY = 15;
+    static constexpr int kReserveX = 392;
+    static constexpr int kReserveY = 30;
+    static constexpr int kCartridgeX = 392;
+    static constexpr int kCartridgeY = 50;
+    static constexpr int kCartridgeStep = 8;
 
     InfoBar() = default;
     ~InfoBar();

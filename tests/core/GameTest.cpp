@@ -6,6 +6,7 @@
 
 #include "core/GameLock.h"
 #include "support/CombatScene.h"
+#include "support/GuiFolder.h"
 #include "support/Probe.h"
 
 using Grevan::Game;
@@ -93,6 +94,54 @@ TEST_F(GameFrame, LockingControlStopsTheMainPlayerAndLoadingAMapForgetsIt) {
     loadLevel(true);
     EXPECT_EQ(game->getPlayers(), std::vector<Player*>{me}) << "only the new level's own player";
     EXPECT_EQ(game->getMainPlayer(), nullptr);
+}
+
+TEST_F(GameFrame, DrawsTheStatusBarThenTheRobotOnTheScreenThenTheBubbleAndHidesTheSight) {
+    const int background = makecol(40, 60, 80);
+    const int sight = makecol(0, 255, 0);
+    GuiFolder gui;
+    {
+        GuiFolder::Inside inside(gui);
+        game->getInfoBar().initialize();
+        game->getInfoBar().show();
+        game->createRobot();
+    }
+    Grevan::Robot* robot = game->getRobot();
+    ASSERT_EQ(robot->getX(), 10);
+    ASSERT_EQ(robot->getY(), 150);
+    robot->show();
+    Player* speaker = addStandingPlayer(900);
+    speaker->show();
+    game->setMainPlayer(speaker);
+    runFrames(1);
+    ASSERT_EQ(map().getClientX(), 200);
+    game->getAimSystem().setX(600);
+    game->getAimSystem().setY(450);
+    Grevan::Dialog& bubble = game->getDialog();
+    bubble.setDelay(1);
+    bubble.setPosition(speaker->getCentralX(), speaker->getY()).setText("Hello").show();
+
+    runFrames(1);
+    save_bitmap(GrevanTest::buildOutputPath("frame-with-bubble.bmp").c_str(), buffer, nullptr);
+    EXPECT_EQ(getpixel(buffer, 128, 55), GuiFolder::blood()) << "the health bar";
+    EXPECT_EQ(getpixel(buffer, 30, 175), GuiFolder::robot()) << "the robot, whatever the camera";
+    int boxX = bubble.getX() - map().getClientX() + 15;
+    int boxY = bubble.getY() - map().getClientY() + 15;
+    EXPECT_EQ(getpixel(buffer, boxX, boxY), GrevanTest::atAlpha200Over(background, makecol(0, 0, 0)))
+        << "the bubble, where it stands in the world";
+    EXPECT_EQ(GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500), 0) << "no sight under a bubble";
+
+    // The robot is drawn over the status bar.
+    robot->setX(100);
+    robot->setY(40);
+    runFrames(1);
+    EXPECT_FALSE(bubble.isVisible()) << "its one frame is over";
+    EXPECT_EQ(getpixel(buffer, 130, 55), GuiFolder::robot());
+    EXPECT_EQ(getpixel(buffer, boxX, boxY), background);
+    EXPECT_GT(GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500), 0);
+    robot->hide();
+    runFrames(1);
+    EXPECT_EQ(getpixel(buffer, 130, 55), GuiFolder::blood());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Game.h"
+#include "support/TestSupport.h"
 
 using Grevan::Screen;
 
@@ -62,6 +63,33 @@ TEST_F(ScreenTest, NothingShowsBeforeAFadeInFadesTakeFiftyTwoFramesAndAFadeOutFr
     screen.fadeIn();
     frames(52);
     EXPECT_EQ(shown(), kWhite);
+}
+
+TEST_F(ScreenTest, AFadeDarkensEveryPixelExactlyAsATranslucentBlackOverlayWould) {
+    BITMAP* colours = create_bitmap(16, 8);
+    BITMAP* expected = create_bitmap(16, 8);
+    BITMAP* black = create_bitmap(16, 8);
+    clear_to_color(black, 0);
+    srand(7);
+    for (int y = 0; y < 8; y++) {
+        for (int x = 0; x < 16; x++) {
+            putpixel(colours, x, y, makecol(rand() % 256, rand() % 256, rand() % 256));
+        }
+    }
+    putpixel(colours, 0, 0, kWhite);
+    putpixel(colours, 1, 0, makecol(255, 0, 255));  // the mask colour is darkened like any other
+    screen.fadeOut();
+    for (int alpha = 0; alpha <= 255; alpha += Screen::kFadeStep) {
+        blit(colours, expected, 0, 0, 0, 0, 16, 8);
+        set_trans_blender(0, 0, 0, alpha);
+        draw_trans_sprite(expected, black, 0, 0);
+        blit(colours, screen.getBufferPage(), 0, 0, 0, 0, 16, 8);
+        screen.flip();
+        ASSERT_EQ(GrevanTest::differingPixels(screen.getCurrentPage(), expected), 0) << "alpha " << alpha;
+    }
+    destroy_bitmap(black);
+    destroy_bitmap(expected);
+    destroy_bitmap(colours);
 }
 
 }  // namespace

@@ -31,13 +31,13 @@ class HostFunctions : public CombatScene {
         Grevan::game = game.get();
     }
 
-    // Runs `body` as the script's Main, with Me holding the id of `me`, in an engine with the
-    // game's host functions; gives what it printed.
+    // Runs `body` as the script's Main, with Me holding the id of `me` (0 once it is gone), in an
+    // engine with the game's host functions; gives what it printed.
     std::string run(const std::string& body) {
         VeskScript script;
         Grevan::ScriptSystem::registerHostFunctions(script);
-        std::string source =
-            "FUNCTION Main()\n  Me = " + std::to_string(me->getId()) + "\n" + body + "\nEND FUNCTION\n";
+        std::string source = "FUNCTION Main()\n  Me = " + std::to_string(me ? me->getId() : 0) + "\n" + body +
+                             "\nEND FUNCTION\n";
         EXPECT_TRUE(script.parse(source)) << script.getLastError();
         return printedBy([&] { EXPECT_TRUE(script.run("Main")) << script.getLastError(); });
     }
@@ -198,6 +198,7 @@ TEST_F(HostFunctions, ControlTheRobotAndTheGameEnd) {
 TEST_F(HostFunctions, LoadMapBuildsTheLevelOrSaysWhyNot) {
     std::string path = folder.writeFile("small.map", "0 900 500 1 2 3 0");
     EXPECT_EQ(run("loadMap(\"" + path + "\")"), "");
+    me = nullptr;  // the new level has no players
     EXPECT_EQ(map().getWidth(), 900);
     EXPECT_EQ(game->getMainPlayer(), nullptr);
     EXPECT_NE(run("loadMap(\"no/such.map\")"), "");

@@ -19,6 +19,11 @@ void CombatScene::loadLevel(bool withWall) {
 
 Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
     Player* p = new Player("player", role);
+    standOnFloor(p, x);
+    return p;
+}
+
+void CombatScene::standOnFloor(Player* p, int x) {
     p->setX(x);
     p->setY(kFloorTop - p->getHeight() - 4);
     game->addPlayer(p);
@@ -26,7 +31,6 @@ Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
         runFrames(1);
     }
     EXPECT_FALSE(p->isFree()) << "the player should stand on the floor";
-    return p;
 }
 
 void CombatScene::runUntilReady(Grevan::Weapon* w) {

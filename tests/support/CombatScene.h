@@ -23,6 +23,8 @@ class CombatScene : public HeadlessGame {
     void loadLevel(bool withWall);
     // A player of the role added to the game with its left side at x, standing on the floor.
     Grevan::Player* addStandingPlayer(int x, const std::string& role = "soldier");
+    // Adds the player to the game with its left side at x and lets it land on the floor.
+    void standOnFloor(Grevan::Player* p, int x);
     // A new weapon of the holder's in the slot, in hand, with a full magazine and `spare` rounds.
     template <typename Kind>
     Kind* arm(Grevan::Player* holder, int spare, int slot = 1) {

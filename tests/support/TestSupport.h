@@ -52,6 +52,9 @@ std::string printedBy(Body body) {
 
 // Pixels of the colour within the rectangle (edges inclusive, clipped to the bitmap).
 int pixelsOf(BITMAP* b, int colour, int left = 0, int top = 0, int right = INT_MAX, int bottom = INT_MAX);
+// What a pixel of the colour becomes when drawn at alpha 200 over the background colour, as
+// the half-transparent overlays of the game are drawn.
+int atAlpha200Over(int background, int colour);
 // Pixels at which two bitmaps of one size differ.
 int differingPixels(BITMAP* a, BITMAP* b);
 

@@ -14,20 +14,6 @@ using Grevan::Dialog;
 
 namespace {
 
-// What a pixel of the colour becomes drawn at alpha 200 over the background colour.
-int atAlpha200Over(int background, int colour) {
-    BITMAP* under = create_bitmap(1, 1);
-    BITMAP* over = create_bitmap(1, 1);
-    clear_to_color(under, background);
-    clear_to_color(over, colour);
-    set_trans_blender(0, 0, 0, 200);
-    draw_trans_sprite(under, over, 0, 0);
-    int result = getpixel(under, 0, 0);
-    destroy_bitmap(over);
-    destroy_bitmap(under);
-    return result;
-}
-
 // A bubble under the headless game's 800 x 600 camera.
 class SpeechBubble : public HeadlessGame {
   protected:
@@ -85,8 +71,8 @@ TEST_F(SpeechBubble, OpensToTheLeftOfThePointWhenItWouldLeaveTheViewOnTheRight) 
 
 TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
     const int green = makecol(0, 250, 0);
-    const int blended = atAlpha200Over(green, makecol(0, 0, 0));
-    const int white = atAlpha200Over(green, makecol(255, 255, 255));
+    const int blended = GrevanTest::atAlpha200Over(green, makecol(0, 0, 0));
+    const int white = GrevanTest::atAlpha200Over(green, makecol(255, 255, 255));
     for (bool opensLeft : {false, true}) {
         int pointX = opensLeft ? 790 : 100;
         bubble.setPosition(pointX, 300).setText("Hello").setColor(makecol(255, 0, 0)).show();
