@@ -8,6 +8,7 @@ packages=(
   build-essential cmake pkg-config clang clang-format libclang-rt-14-dev
   liballegro4-dev allegro4-doc libopenal-dev libalut-dev
   googletest libgtest-dev libbenchmark-dev
+  libpng-dev
   xvfb xauth xdotool x11-apps x11-utils imagemagick lua5.4
 )
 

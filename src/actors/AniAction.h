@@ -2,12 +2,14 @@
 
 #include <allegro.h>
 
+#include "actors/RoleDescription.h"
+
 namespace Grevan {
 
 // One action of a role (walking, dying): an image strip cut into frames. It owns the strip and
 // its frames, which are sub-bitmaps of the strip.
 struct AniAction {
-    static const int kMaxFrames = 20;
+    static const int kMaxFrames = RoleDescription::kMaxFrames;
 
     AniAction() = default;
     ~AniAction();

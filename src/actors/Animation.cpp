@@ -1,7 +1,8 @@
 #include "actors/Animation.h"
 
-#include <fstream>
-#include <string>
+#include <cstddef>
+
+#include "actors/RoleDescription.h"
 
 namespace Grevan {
 
@@ -27,55 +28,38 @@ void Animation::clear() {
     loop = true;
 }
 
-// count { id delay loop strip frameCount { left top right bottom }* }*
 void Animation::load(const char* path) {
-    std::ifstream in(path);
-    if (!in) {
+    RoleDescription description;
+    if (!description.read(path)) {
         return;
     }
-    in >> actionCount;
-    for (int i = 0; i < actionCount; i++) {
-        int actionId = 0;
-        int delay = 0;
-        int loops = 0;
-        std::string strip;
-        int count = 0;
-        if (!(in >> actionId >> delay >> loops >> strip >> count)) {
-            return;
-        }
-        if (count < 0 || count > AniAction::kMaxFrames) {
-            allegro_message("Role description %s gives %d frames for action %d; an action holds 0 to %d.",
-                            path, count, actionId, AniAction::kMaxFrames);
-            return;
-        }
-        BITMAP* bitmap = load_bitmap(strip.c_str(), nullptr);
+    actionCount = description.getActionCount();
+    for (const RoleAction& described : description.getActions()) {
+        BITMAP* bitmap = load_bitmap(described.strip.c_str(), nullptr);
         if (!bitmap) {
-            allegro_message("failed to load bitmap: %s", strip.c_str());
+            allegro_message("failed to load bitmap: %s", described.strip.c_str());
             return;
         }
         auto record = std::make_unique<AniAction>();
-        record->id = actionId;
-        record->frameDelay = delay;
-        record->loop = loops != 0;
+        record->id = described.id;
+        record->frameDelay = described.frameDelay;
+        record->loop = described.loop;
         record->bitmap = bitmap;
-        record->frameCount = count;
-        for (int f = 0; f < count; f++) {
-            int left = 0;
-            int top = 0;
-            int right = 0;
-            int bottom = 0;
-            if (!(in >> left >> top >> right >> bottom)) {
-                record->frameCount = f;
-                break;
-            }
-            if (frameFitsStrip(bitmap, left, top, right, bottom)) {
-                record->frames[f] = create_sub_bitmap(bitmap, left, top, right - left, bottom - top);
+        record->frameCount = static_cast<int>(described.frames.size());
+        for (int f = 0; f < record->frameCount; f++) {
+            const FrameRect& frame = described.frames[static_cast<std::size_t>(f)];
+            if (frameFitsStrip(bitmap, frame.left, frame.top, frame.right, frame.bottom)) {
+                record->frames[f] = create_sub_bitmap(bitmap, frame.left, frame.top, frame.right - frame.left,
+                                                      frame.bottom - frame.top);
             }
             if (!record->frames[f]) {
-                allegro_message("failed to create sub bitmap for %s", strip.c_str());
+                allegro_message("failed to create sub bitmap for %s", described.strip.c_str());
             }
         }
         actions.push_back(std::move(record));
+    }
+    if (!description.getProblem().empty()) {
+        allegro_message("%s", description.getProblem().c_str());
     }
 }
 

@@ -53,6 +53,8 @@ class VeskScript {
 
     // Lexer
     bool load(std::string fileName);
+    // A script file's text as load reads it: up to its first NUL. False when it cannot be read.
+    static bool readText(const std::string& fileName, std::string& text);
     bool parse(std::string text);
     // Appends the tokens of `text` to the current queue; false (and the last error) when the text
     // ends inside a string. parse scans into a queue of its own.
@@ -68,6 +70,8 @@ class VeskScript {
     void parseDIM(VeskSyntaxNode* owner);
     void parseCONST(VeskSyntaxNode* owner);
     void parseIMPORT();
+    // The file an IMPORT names: every "." a "/", lower case, ".fb" appended.
+    static std::string importPath(const std::string& name);
     void parseFUNCTION();
     void parseBody(VeskSyntaxNode* block);
     void parseCALL(VeskSyntaxNode* call);

@@ -54,13 +54,12 @@ std::string stringLiteralText(const std::string& word) {
 
 }  // namespace
 
-bool VeskScript::load(std::string fileName) {
+bool VeskScript::readText(const std::string& fileName, std::string& text) {
     std::FILE* file = std::fopen(fileName.c_str(), "rb");
     if (!file) {
-        setLastError("Failed to open file.", fileName, -1);
         return false;
     }
-    std::string text;
+    text.clear();
     char buffer[1 << 16];
     std::size_t count;
     while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0) {
@@ -69,14 +68,19 @@ bool VeskScript::load(std::string fileName) {
     // A directory opens but cannot be read.
     bool unreadable = std::ferror(file) != 0;
     std::fclose(file);
-    if (unreadable) {
-        setLastError("Failed to open file.", fileName, -1);
-        return false;
-    }
     // The text ends at its first NUL character, as the C string it is handed on as would.
     std::size_t nul = text.find('\0');
     if (nul != std::string::npos) {
         text.resize(nul);
+    }
+    return !unreadable;
+}
+
+bool VeskScript::load(std::string fileName) {
+    std::string text;
+    if (!readText(fileName, text)) {
+        setLastError("Failed to open file.", fileName, -1);
+        return false;
     }
     loading.push_back(fileName);
     bool parsed = parse(std::move(text));

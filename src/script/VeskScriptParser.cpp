@@ -135,17 +135,21 @@ void VeskScript::parseCONST(VeskSyntaxNode* owner) {
 void VeskScript::parseIMPORT() {
     VeskToken token = getToken();
     popToken();
-    std::string path;
-    for (char c : token.text) {
-        path += c == '.' ? '/' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    path += ".fb";
+    const std::string path = importPath(token.text);
     if (std::find(loading.begin(), loading.end(), path) != loading.end()) {
         throw VeskSyntaxException("Circular import", path, token.line);
     }
     if (!load(path)) {
         throw VeskSyntaxException("Failed to include the file " + path, lastError, token.line);
     }
+}
+
+std::string VeskScript::importPath(const std::string& name) {
+    std::string path;
+    for (char c : name) {
+        path += c == '.' ? '/' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return path + ".fb";
 }
 
 // FUNCTION name [( [parameters] )] EOL body END FUNCTION EOL

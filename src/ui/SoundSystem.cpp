@@ -6,26 +6,9 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "ui/SoundFiles.h"
+
 namespace Grevan {
-
-namespace {
-
-struct SoundFile {
-    const char* name;
-    const char* file;
-};
-
-// The two reload names share a file but get a buffer and a source each.
-const SoundFile kSoundTable[] = {
-    {"gun", "sound/weapons/m4a1_unsil-1.wav"},
-    {"pistol", "sound/weapons/p228-1.wav"},
-    {"grenade_hitground", "sound/weapons/he_bounce-1.wav"},
-    {"grenade_explode", "sound/weapons/explode3.wav"},
-    {"pistol_reload", "sound/weapons/generic_reload.wav"},
-    {"gun_reload", "sound/weapons/generic_reload.wav"},
-};
-
-}  // namespace
 
 SoundSystem::SoundSystem() {
     audioOpen = alutInit(nullptr, nullptr) == AL_TRUE;
@@ -49,7 +32,7 @@ bool SoundSystem::initialize() {
     defaultPitch = 1000;
     defaultVolume = 255;
     set_volume(128, 128);
-    for (const SoundFile& row : kSoundTable) {
+    for (const SoundFile& row : kSoundFiles) {
         addSound(row.name, row.file);
     }
     return true;

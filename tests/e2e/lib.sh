@@ -190,3 +190,11 @@ e2e_last_line() { grep -- "^$1" "$E2E_WORK/stdout.log" | tail -n 1; }
 
 # Prints the number of lines on standard output so far.
 e2e_line_count() { wc -l <"$E2E_WORK/stdout.log"; }
+
+# Fails when the game has reported a broken script (also a failed event function, reported as
+# "FUNCTION(LINE): error : detail") or a missing file on standard output.
+e2e_expect_no_errors() {
+    local found
+    found=$(grep -E "Script error|Runtime error|not found|^[A-Z0-9]+\([0-9]+\): " "$E2E_WORK/stdout.log")
+    [ -z "$found" ] || e2e_fail "errors on standard output: $found"
+}

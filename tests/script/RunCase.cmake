@@ -3,8 +3,8 @@
 #   NAME.err   expected standard error (without it, standard error must stay empty)
 #   NAME.args  the arguments, FILE standing for NAME.fb, e.g. "--check FILE" or "FILE Other"
 #              (optional; without it the file name is the only argument)
-# The exit status must be 1 when a line of the expected output starts with "Script error: " or
-# "Runtime error: " line, else 0.
+#   NAME.status the expected exit status (optional; without it the status must be 1 when a line of
+#              the expected output starts with "Script error: " or "Runtime error: ", else 0)
 # Variables: VESK (the command), CASES (the folder), NAME (the case).
 set(args ${NAME}.fb)
 if(EXISTS ${CASES}/${NAME}.args)
@@ -23,7 +23,10 @@ if(EXISTS ${CASES}/${NAME}.err)
   file(READ ${CASES}/${NAME}.err expected_err)
 endif()
 set(expected_status 0)
-if(expected_out MATCHES "(^|\n)(Script|Runtime) error: ")
+if(EXISTS ${CASES}/${NAME}.status)
+  file(READ ${CASES}/${NAME}.status expected_status)
+  string(STRIP "${expected_status}" expected_status)
+elseif(expected_out MATCHES "(^|\n)(Script|Runtime) error: ")
   set(expected_status 1)
 endif()
 

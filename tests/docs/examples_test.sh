@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Runs the examples of the documents exactly as printed, through the build's vesk and mapview:
+# - each ```basic block is a script file: a block without a FUNCTION is a statement example and
+#   stands as the body of a function Main (the block's lines themselves unchanged); each must load
+#   with `vesk --check --strict` (no error, no warning) and dry-run Main to its end with status 0;
+#   when a ```text block follows it at once, that is the output Main must print;
+# - each command line of a ```sh block that starts with ../build/ runs from data/, as the documents
+#   say, with the build folder of VESK, and must end with status 0 (so the shipped scripts load and
+#   run, and every file they need is there).
+# IMPORT examples find empty files lib/helpers.fb and lib/weapons.fb beside them.
+# Usage: examples_test.sh VESK DATA_FOLDER DOCUMENT...
+set -uo pipefail
+vesk=$1
+data=$2
+shift 2
+build=$(dirname "$vesk")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkdir -p "$work/lib"
+: >"$work/lib/helpers.fb"
+: >"$work/lib/weapons.fb"
+
+# Splits the document into numbered files: example_N.fb, example_N.expected (a ```text block right
+# after it), and commands.sh (the ../build/ command lines of the ```sh blocks).
+awk -v dir="$work" '
+  /^```basic$/ { n++; file = dir "/example_" n ".fb"; mode = "basic"; last = n; next }
+  /^```text$/  { if (lastClosed == n && n > 0 && pending) { file = dir "/example_" n ".expected"; mode = "text" } else { mode = "skip" } next }
+  /^```sh$/    { mode = "sh"; next }
+  /^```/       { if (mode == "basic") { lastClosed = n; pending = 1 } else { pending = 0 } mode = ""; next }
+  /^[[:space:]]*$/ { if (mode == "") next }
+  { if (mode == "") pending = 0 }
+  mode == "basic" || mode == "text" { print > file; next }
+  mode == "sh" && $0 ~ /^\.\.\/build\// { sub(/[[:space:]]+#.*$/, ""); print >> (dir "/commands.sh") }
+' "$@"
+
+failures=0
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+
+count=0
+for example in "$work"/example_*.fb; do
+  count=$((count + 1))
+  name=$(basename "$example" .fb)
+  script=$example
+  if ! grep -qi '^FUNCTION' "$example"; then
+    script="$work/${name}_main.fb"
+    { echo "FUNCTION Main"; cat "$example"; echo "END FUNCTION"; } >"$script"
+  fi
+  file=$(basename "$script")
+  if ! out=$(cd "$work" && "$vesk" --check --strict "$file" 2>&1); then
+    fail "$name does not load cleanly:"; sed 's/^/  /' "$script"; echo "$out"
+    continue
+  fi
+  if grep -qi '^FUNCTION Main' "$script"; then
+    actual=$(cd "$work" && "$vesk" "$file" 2>/dev/null)
+    status=$?
+    [ "$status" -eq 0 ] || fail "$name: dry run ended with status $status"
+    if [ -f "$work/$name.expected" ] && [ "$actual" != "$(cat "$work/$name.expected")" ]; then
+      fail "$name prints"; echo "$actual"; echo "-- instead of"; cat "$work/$name.expected"
+    fi
+  fi
+done
+[ "$count" -gt 10 ] || fail "only $count examples found"
+
+commands=0
+while read -r line; do
+  commands=$((commands + 1))
+  command=${line/..\/build\//$build/}
+  (cd "$data" && eval "$command") >/dev/null 2>&1 || fail "from data/: $line"
+done < <(cat "$work/commands.sh" 2>/dev/null)
+
+echo "$count examples, $commands commands, $failures failures"
+[ "$failures" -eq 0 ]

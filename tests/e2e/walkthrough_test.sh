@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# The whole campaign, won by script: a driver laid over the shipped scripts (walkthrough/main.fb)
+# plays every level in turn by moving the hero and firing at each opponent, and the game's own
+# kills must carry it from the meadow through the harbour and the fortress to the ending, which
+# ends the game by itself.
+source "$(dirname "$0")/lib.sh"
+here=$(cd "$(dirname "$0")" && pwd)
+
+e2e_begin
+e2e_add_file script/main.fb "$here/walkthrough/main.fb"
+e2e_start
+e2e_wait_for_window "Collision Test"
+e2e_wait_for_line "Level 1: the meadow, attempt 1" 20
+e2e_wait_for_line "walk-through: level 1 won" 240
+e2e_wait_for_line "Level 2: the harbour, attempt 1" 20
+sleep 2
+e2e_screenshot harbour >/dev/null
+e2e_wait_for_line "walk-through: level 2 won" 240
+e2e_wait_for_line "Level 3: the fortress, attempt 1" 20
+sleep 2
+e2e_screenshot fortress >/dev/null
+e2e_wait_for_line "The end" 300
+e2e_wait_for_exit 10
+[ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS after the ending"
+
+e2e_stdout | grep -q "attempt 2" && e2e_fail "a level was restarted, though the hero cannot fall"
+e2e_expect_no_errors
+e2e_pass

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <ostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ScriptLinter.h"
+
+// Every file a level script can make the game read, found without running the script: the scripts
+// it imports; the maps named by loadMap and, in each, the piece pictures; the roles named by
+// addPlayer with their description, strips and weapon pictures; the gift-box pictures named by
+// addPresent; and what the game always loads: the status-bar pictures, the robot and the sounds.
+// A name is followed through text CONSTs, variables assigned texts and helper functions' parameters
+// (ArgumentTexts); a call whose name is computed otherwise gets a note.
+class AssetList {
+  public:
+    explicit AssetList(const ScriptLinter& linter, std::ostream& notes);
+
+    // One line per file, "ok", "missing" or "unusable" (a file the game would refuse), then a
+    // count. Returns the number of files that are not ok.
+    int write(std::ostream& out) const;
+
+  private:
+    struct Asset {
+        std::string path;
+        std::string neededBy;
+        std::string problem;  // empty when the file is there and usable, else "missing" or the refusal
+    };
+
+    // The index of the path's entry, made on its first mention.
+    std::size_t add(const std::string& path, const std::string& neededBy);
+    void addMap(const std::string& path, const std::string& neededBy);
+    void addRole(const std::string& role, const std::string& neededBy);
+    void addHostCall(const ArgumentTexts& texts, const ArgumentTexts::Call& call, std::ostream& notes);
+
+    std::vector<Asset> assets;
+    std::set<std::string> followed;  // maps and role descriptions whose contents are listed
+};
