@@ -7,6 +7,7 @@
 #   source "$(dirname "$0")/lib.sh"
 #   e2e_begin                      # Xvfb up, working directory ready
 #   e2e_add_file script/main.fb "$here/files/main.fb"   # optional extra files
+#   e2e_add_field; e2e_add_script <<'EOF' ... EOF        # or the field level and a script
 #   e2e_start                      # the game runs
 #   e2e_wait_for_line "Starting Grevan ..."
 #   e2e_wait_for_window "Collision Test"
