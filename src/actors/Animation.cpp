@@ -48,6 +48,13 @@ void Animation::load(const char* path) {
                             path, count, actionId, AniAction::kMaxFrames);
             return;
         }
+        // A negative delay would count down past every int and never change the frame again.
+        if (delay < 0) {
+            allegro_message(
+                "Role description %s gives a frame delay of %d for action %d; a delay is 0 or more.", path,
+                delay, actionId);
+            return;
+        }
         BITMAP* bitmap = load_bitmap(strip.c_str(), nullptr);
         if (!bitmap) {
             allegro_message("failed to load bitmap: %s", strip.c_str());
