@@ -13,6 +13,7 @@
 #include "ui/SoundSystem.h"
 #include "world/BlockSystem.h"
 #include "world/ObjectSystem.h"
+#include "world/PictureCache.h"
 
 namespace Grevan {
 
@@ -47,8 +48,8 @@ class Game {
     bool canControl() const { return controlAllowed; }
 
     // Throws the level away and builds the one the map file describes. A file that cannot be
-    // opened, or whose numbers are absurd, is refused with one line on standard output and the
-    // level stays as it was.
+    // opened, or whose level size or piece count would exhaust memory, is refused with one line
+    // on standard output and the level stays as it was.
     void loadMap(const char* path);
 
     StartMode getStartMode() const { return startMode; }
@@ -60,6 +61,8 @@ class Game {
     BlockSystem& getBlockSystem() { return blockSystem; }
     AimSystem& getAimSystem() { return aimSystem; }
     ScriptSystem& getScriptSystem() { return scriptSystem; }
+    // The current level's pictures: objects of the level show them with Object::showSharedImage.
+    PictureCache& getPictureCache() { return pictureCache; }
 
     // Registers the player as an object and lists it; the registry owns it.
     void addPlayer(Player* player);
@@ -93,6 +96,7 @@ class Game {
     BlockSystem blockSystem;
     AimSystem aimSystem;
     ScriptSystem scriptSystem;
+    PictureCache pictureCache;
     std::vector<Player*> players;  // in order of addPlayer; the registry owns them
     Player* mainPlayer = nullptr;  // the one the keyboard and mouse control and the camera follows
     StartMode startMode;
