@@ -3,7 +3,8 @@
 #   build/       the plain build: unit, language and end-to-end tests, benchmarks built
 #   build-asan/  AddressSanitizer + UndefinedBehaviorSanitizer: unit and language tests
 #   build-tsan/  ThreadSanitizer: the tests where the two threads meet
-#   build-fuzz/  clang with libFuzzer: the script engine's fuzz targets, run once over their corpus
+#   build-fuzz/  clang with libFuzzer: the fuzz targets of the script engine and of the map and role
+#                readers, run once over their corpus
 # Exits non-zero on any failure.
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -24,7 +25,8 @@ cmake --build build-tsan --target grevan_tests -j"$jobs"
 
 cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGREVAN_FUZZ=ON -DGREVAN_BENCH=OFF \
   -DCMAKE_CXX_COMPILER=clang++ >/dev/null
-cmake --build build-fuzz --target vesk_fuzz_parse vesk_fuzz_run -j"$jobs"
+cmake --build build-fuzz --target vesk_fuzz_parse vesk_fuzz_run grevan_fuzz_map \
+  grevan_fuzz_role -j"$jobs"
 
 status=0
 echo "== Fuzz targets over the seed corpus and the saved crashes"

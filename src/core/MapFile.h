@@ -24,12 +24,12 @@ struct MapPiece {
 class MapFile {
   public:
     // The bounds that keep a level within memory.
-    static const int kMaximumLevelSize = 32768;                 // pixels, each way
-    static const long long kMaximumLevelArea = 32768LL * 2048;  // pixels; the block map's bound
-    static const int kMaximumPieceCount = 100000;
+    static constexpr int kMaximumLevelSize = 32768;                 // pixels, each way
+    static constexpr long long kMaximumLevelArea = 32768LL * 2048;  // pixels; the block map's bound
+    static constexpr int kMaximumPieceCount = 100000;
     // Pieces farther away are placed at this distance: nothing reaches or sees them either way,
     // and the world's pixel arithmetic on them stays within an int.
-    static const int kFarthestPiece = 1 << 30;  // pixels, either sign
+    static constexpr int kFarthestPiece = 1 << 30;  // pixels, either sign
 
     // False when the file is refused: it cannot be opened, or its level size or piece count
     // would exhaust memory. Anything else is accepted quietly: fields that cannot be read keep
