@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds everything and runs every test:
 #   build/       the plain build: unit, language and end-to-end tests, benchmarks built
-#   build-asan/  AddressSanitizer + UndefinedBehaviorSanitizer: unit and language tests
+#   build-asan/  AddressSanitizer + UndefinedBehaviorSanitizer: unit and language tests, and a
+#                60-second soak of the real game under Xvfb (tools/soak.sh)
 #   build-tsan/  ThreadSanitizer: the tests where the two threads meet
 #   build-fuzz/  clang with libFuzzer: the fuzz targets of the script engine and of the map and role
 #                readers, run once over their corpus
@@ -35,6 +36,8 @@ echo "== ThreadSanitizer build"
 ctest --test-dir build-tsan -R "$threaded_tests" --output-on-failure -j"$jobs" || status=1
 echo "== Sanitizer build (AddressSanitizer, UndefinedBehaviorSanitizer)"
 ctest --test-dir build-asan --output-on-failure -j"$jobs" || status=1
+echo "== Soak: a minute of random play on the shipped data under AddressSanitizer"
+GREVAN_E2E_OUT=build-asan/e2e tools/soak.sh 60 build-asan/grevan || status=1
 echo "== Plain build, with end-to-end tests under Xvfb"
 ctest --test-dir build --output-on-failure -j"$jobs" || status=1
 exit $status
