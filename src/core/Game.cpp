@@ -55,11 +55,17 @@ Game::Game(StartMode mode) : startMode(mode) {
 }
 
 Game::~Game() {
+    // The script thread must not outlive the world it acts on.
+    endGame();
+    scriptSystem.stop();
     // Bitmaps cannot be freed once Allegro is gone, so the world and the pages go first. The
     // game itself is never deleted; this serves tests and tools.
     objectSystem.cleanupObjects();
     pictureCache.clear();
     blockSystem.cleanup();
+    robot.reset();
+    dialog.release();
+    infoBar.release();
     screen.releasePages();
     allegro_exit();
     destroyLock();
@@ -74,8 +80,20 @@ bool Game::start() {
     }
     mapSystem.setClientWidth(screen.getWidth());
     mapSystem.setClientHeight(screen.getHeight());
+    infoBar.initialize();
+    infoBar.show();
+    createRobot();
+    scriptSystem.start();
     gameLoop();
+    scriptSystem.stop();
+    robot.reset();
     return true;
+}
+
+void Game::createRobot() {
+    robot = std::make_unique<Robot>();
+    robot->setX(10);
+    robot->setY(150);
 }
 
 void Game::gameLoop() {
@@ -86,6 +104,8 @@ void Game::gameLoop() {
             gameEnded = true;
         }
         pacer.beginFrame(time(nullptr));
+        // Input only queues events; it is read outside the game lock.
+        inputSystem.doInput();
         playFrame(screen.getBufferPage(), pacer.getFramesLastSecond());
         screen.flip();
         // A negative delay becomes a very long sleep; the pacing never lets a healthy machine
@@ -96,11 +116,21 @@ void Game::gameLoop() {
 
 void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
     lockGame();
+    eventSystem.handleEvents();
     objectSystem.moveObjects();
     aimSystem.move();
     mapSystem.draw(buffer);
     objectSystem.drawObjects(buffer, mapSystem.getClientX(), mapSystem.getClientY());
-    aimSystem.draw(buffer);
+    infoBar.draw(buffer);
+    if (robot && robot->isVisible()) {
+        robot->draw(buffer, 0, 0);
+    }
+    dialog.move();
+    dialog.draw(buffer, mapSystem.getClientX(), mapSystem.getClientY());
+    // The sight is hidden while a bubble shows.
+    if (!dialog.isVisible()) {
+        aimSystem.draw(buffer);
+    }
     objectSystem.removeDeadObjects();
     if (mainPlayer) {
         mapSystem.moveClientTo(mainPlayer->getCentralX(), mainPlayer->getCentralY());
@@ -150,7 +180,9 @@ void Game::loadMap(const char* path) {
     }
     // The players are objects: the registry deletes them.
     players.clear();
+    dialog.hide();
     mainPlayer = nullptr;
+    eventSystem.clear();
     objectSystem.cleanupObjects();
     // Only the level's objects show the cached pictures, and they are gone.
     pictureCache.clear();

@@ -3,13 +3,22 @@
 #include <allegro.h>
 
 #include <atomic>
+#include <memory>
 #include <vector>
 
 #include "actors/AimSystem.h"
+#include "actors/Robot.h"
+#include "core/AISystem.h"
+#include "core/ClientNetwork.h"
+#include "core/EventSystem.h"
 #include "core/InputSystem.h"
 #include "core/MapSystem.h"
+#include "core/MenuSystem.h"
 #include "core/Screen.h"
+#include "core/ServerNetwork.h"
 #include "scripting/ScriptSystem.h"
+#include "ui/Dialog.h"
+#include "ui/InfoBar.h"
 #include "ui/SoundSystem.h"
 #include "world/BlockSystem.h"
 #include "world/ObjectSystem.h"
@@ -38,7 +47,8 @@ class Game {
     // could be set.
     bool start();
     void gameLoop();
-    // One frame from taking the game lock to the status lines, drawn into buffer.
+    // One frame from taking the game lock (handling the input events) to the status lines,
+    // drawn into buffer.
     void playFrame(BITMAP* buffer, int framesLastSecond);
     void endGame() { gameEnded = true; }
     bool isRunning() const { return !gameEnded; }
@@ -56,13 +66,24 @@ class Game {
     Screen& getScreen() { return screen; }
     InputSystem& getInputSystem() { return inputSystem; }
     MapSystem& getMapSystem() { return mapSystem; }
+    EventSystem& getEventSystem() { return eventSystem; }
+    ClientNetwork& getClientNetwork() { return clientNetwork; }
+    ServerNetwork& getServerNetwork() { return serverNetwork; }
     ObjectSystem& getObjectSystem() { return objectSystem; }
     SoundSystem& getSoundSystem() { return soundSystem; }
+    AISystem& getAISystem() { return aiSystem; }
+    MenuSystem& getMenuSystem() { return menuSystem; }
     BlockSystem& getBlockSystem() { return blockSystem; }
     AimSystem& getAimSystem() { return aimSystem; }
     ScriptSystem& getScriptSystem() { return scriptSystem; }
     // The current level's pictures: objects of the level show them with Object::showSharedImage.
     PictureCache& getPictureCache() { return pictureCache; }
+    InfoBar& getInfoBar() { return infoBar; }
+    Dialog& getDialog() { return dialog; }
+    // Null before start and after it.
+    Robot* getRobot() { return robot.get(); }
+    // The guide robot at its place on the screen, hidden until the script shows it.
+    void createRobot();
 
     // Registers the player as an object and lists it; the registry owns it.
     void addPlayer(Player* player);
@@ -91,17 +112,26 @@ class Game {
     Screen screen;
     InputSystem inputSystem;
     MapSystem mapSystem;
+    EventSystem eventSystem;
+    ClientNetwork clientNetwork;
+    ServerNetwork serverNetwork;
     ObjectSystem objectSystem{blockSystem};
     SoundSystem soundSystem;
+    AISystem aiSystem;
+    MenuSystem menuSystem;
     BlockSystem blockSystem;
     AimSystem aimSystem;
     ScriptSystem scriptSystem;
     PictureCache pictureCache;
+    InfoBar infoBar;
     std::vector<Player*> players;  // in order of addPlayer; the registry owns them
+    Dialog dialog;
     Player* mainPlayer = nullptr;  // the one the keyboard and mouse control and the camera follows
     StartMode startMode;
     // Read and written by both threads without the game lock.
     std::atomic<bool> gameEnded{false};
+    // Outside the object registry: the frame draws it in screen coordinates.
+    std::unique_ptr<Robot> robot;
     std::atomic<bool> controlAllowed{false};
 };
 

@@ -9,6 +9,15 @@ void destroyLock();
 void lockGame();
 void unlockGame();
 
+// Holds the game lock for as long as it lives.
+class GameLockGuard {
+  public:
+    GameLockGuard() { lockGame(); }
+    ~GameLockGuard() { unlockGame(); }
+    GameLockGuard(const GameLockGuard&) = delete;
+    GameLockGuard& operator=(const GameLockGuard&) = delete;
+};
+
 // Starts procedure(arg) on a new thread with default attributes; returns an opaque handle
 // that joinThread waits on and frees.
 void* createThread(void* arg, void* (*procedure)(void*));

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "core/Event.h"
+
 namespace Grevan {
 
-// Keyboard and mouse. Input reaches the game as queued events; Escape alone is read directly
-// by the main loop.
+// Keyboard and mouse. Once a frame the state of the mouse and of a fixed set of keys is
+// compared with what was last reported, and every change is sent as an event to the main
+// player: only edges travel, never "held". Escape alone is read directly by the main loop.
 class InputSystem {
   public:
     static const int kKeyStateCount = 30;
@@ -12,10 +15,21 @@ class InputSystem {
 
     // Installs Allegro's keyboard and mouse drivers; needs a display.
     void initialize();
+    // Reads Allegro's mouse and key state; on the main thread, outside the game lock.
+    void doInput();
+    // Sends a press of the action unless it is already down as last reported.
+    void pressKey(EventAction a);
+    // Sends a release of the action if it is down as last reported.
+    void freeKey(EventAction a);
 
   private:
+    void follow(bool down, EventAction a) { down ? pressKey(a) : freeKey(a); }
+    void send(EventAction a, bool pressed, int data);
+
+    // Not set by initialize: the first frame normally reports the mouse position as a motion.
     int lastMouseX = 0;
     int lastMouseY = 0;
+    // Indexed by action; kept while control is locked, so a release held across the lock is sent.
     bool keyStates[kKeyStateCount] = {};
 };
 

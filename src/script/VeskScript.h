@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -19,7 +20,8 @@
 // The Vesk language engine: lexer, statement and expression parsers building one syntax tree per
 // function, and the interpreter that walks those trees over one runtime stack. Faults are thrown
 // inside as VeskSyntaxException or VeskRuntimeException and become a false result and the last
-// error at the edge (load, parse, run, addFunction). One thread at a time may use an engine.
+// error at the edge (load, parse, run, addFunction). One thread at a time may use an engine; only
+// requestStop may be called from another.
 //
 // The definitions are spread by stage: VeskScriptLexer.cpp, VeskScriptParser.cpp,
 // VeskScriptStatements.cpp, VeskScriptExpression.cpp, VeskScriptInterpreter.cpp and
@@ -88,6 +90,16 @@ class VeskScript {
     bool addFunction(std::string name, HostFunction function);
     bool invokeExternal(std::string name, int argumentCount);
     void remove(VeskSyntaxNode* node);
+
+    // Asks a running script to end, from any thread: its next loop pass or script function call
+    // fails with "Script stopped", which unwinds it like any runtime error. The request stays:
+    // every later run fails the same way.
+    void requestStop() {
+        stopRequested.store(true, std::memory_order_relaxed);
+    }
+    bool isStopRequested() const {
+        return stopRequested.load(std::memory_order_relaxed);
+    }
 
     // Errors
     void setLastError(const std::string& error, const std::string& detail, int line);
@@ -184,6 +196,12 @@ class VeskScript {
         return leaf->type == VeskVariable::TypeInteger;
     }
     void countInstruction();
+    // A relaxed load per loop pass or call: the benchmarks cannot tell it from nothing.
+    void checkStop(VeskSyntaxNode* node) {
+        if (stopRequested.load(std::memory_order_relaxed)) {
+            throwCallFault("Script stopped", node->function ? node->function : node);
+        }
+    }
 
     std::deque<VeskToken> tokens;
     std::map<std::string, VeskSyntaxNode*> functions;
@@ -205,6 +223,7 @@ class VeskScript {
     int callDepth = 0;
     // Lowest machine-stack address the interpreter may reach; 0 while no script runs.
     std::uintptr_t stackLimit = 0;
+    std::atomic<bool> stopRequested{false};
 #ifdef VESK_INSTRUCTION_BUDGET
     long instructionsLeft = 0;
 #endif

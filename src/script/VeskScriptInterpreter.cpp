@@ -84,6 +84,7 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
 #endif
     }
     VeskDepthGuard depth(callDepth);
+    checkStop(function);
     const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
     if (callDepth > kMaxCallDepth || frameAddress < stackLimit ||
         runtimeStack.size() + pushed > kMaxStackValues) {
@@ -246,6 +247,7 @@ int VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     int code = kCompleted;
     for (;;) {
         countInstruction();
+        checkStop(loop);
         if (conditionHolds(loop->expr) != repeatWhileTrue) {
             break;
         }
@@ -270,6 +272,7 @@ int VeskScript::interpretFor(VeskSyntaxNode* loop) {
     int code = kCompleted;
     for (;;) {
         countInstruction();
+        checkStop(loop);
         const VeskVariable* counter = runtimeVariable(condition->left);
         std::int32_t limit;
         bool holds;

@@ -1,6 +1,128 @@
 #include "scripting/ScriptSystem.h"
 
+#include <chrono>
+#include <cstdio>
+#include <thread>
+
+#include "core/Game.h"
+#include "scripting/BasicHostFunctions.h"
+#include "scripting/HostAccess.h"
+#include "scripting/HostFunctions.h"
+
 namespace Grevan {
+
+namespace {
+
+struct HostFunctionEntry {
+    const char* name;
+    VeskHostFunction function;
+};
+
+const HostFunctionEntry kHostFunctions[] = {
+    {"print", print},
+    {"isNull", isNull},
+    {"message", message},
+    {"system", command},
+    {"loadMap", loadMap},
+    {"addPlayer", addPlayer},
+    {"showObject", showObject},
+    {"setPlayerHealth", setPlayerHealth},
+    {"fadeIn", fadeIn},
+    {"fadeOut", fadeOut},
+    {"delay", delay},
+    {"endgame", endgame},
+    {"addPlayerWeapon", addPlayerWeapon},
+    {"switchWeapon", switchWeapon},
+    {"playerDoAim", playerDoAim},
+    {"playerDoFire", playerDoFire},
+    {"playerDoMove", playerDoMove},
+    {"playerDoStop", playerDoStop},
+    {"say", say},
+    {"robotSay", robotSay},
+    {"waitForPlayerAction", waitForPlayerAction},
+    {"showRobot", showRobot},
+    {"lockControl", lockControl},
+    {"addPresent", addPresent},
+    {"addHiddenPresent", addHiddenPresent},
+    {"setPlayerAIMode", setPlayerAIMode},
+    {"die", die},
+    {"playerX", playerX},
+    {"playerY", playerY},
+};
+
+const auto kEventPoll = std::chrono::milliseconds(100);
+
+// Lines of the script host go out at once, in order with what the script prints.
+void printLine(const std::string& text) {
+    printf("%s\n", text.c_str());
+    fflush(stdout);
+}
+
+}  // namespace
+
+ScriptSystem::~ScriptSystem() {
+    stop();
+}
+
+void ScriptSystem::registerHostFunctions(VeskScript& engine) {
+    for (const HostFunctionEntry& entry : kHostFunctions) {
+        engine.addFunction(entry.name, entry.function);
+    }
+}
+
+void ScriptSystem::start(const std::string& mainScript) {
+    registerHostFunctions(script);
+    if (!script.load(mainScript)) {
+        printLine("Script error: " + script.getLastError());
+    }
+    game = Game::getInstance();
+    thread = createThread(this, threadProcedure);
+}
+
+void ScriptSystem::stop() {
+    if (!thread) {
+        return;
+    }
+    script.requestStop();
+    joinThread(thread);
+    thread = nullptr;
+}
+
+void* ScriptSystem::threadProcedure(void* host) {
+    static_cast<ScriptSystem*>(host)->runScript();
+    return nullptr;
+}
+
+void ScriptSystem::runScript() {
+    printLine("Script thread running ");
+    if (!script.run("Main")) {
+        printLine("Runtime error: " + script.getLastError());
+    }
+    // Main has returned: only now are events served, each to its end.
+    while (game->isRunning() && !script.isStopRequested()) {
+        while (std::unique_ptr<ScriptEvent> event = takeEvent()) {
+            serve(*event);
+        }
+        std::this_thread::sleep_for(kEventPoll);
+    }
+    printLine("Script thread ended");
+}
+
+void ScriptSystem::serve(ScriptEvent& event) {
+    std::vector<VeskVariable>& stack = script.getRuntimeStack();
+    for (int argument : {event.arg1, event.arg2, event.arg3}) {
+        stack.emplace_back().setInteger(argument);
+    }
+    VeskScript::toUpperString(event.name);
+    try {
+        script.invokeFunction(event.name, 3);
+    } catch (const VeskRuntimeException& x) {
+        printLine(x.function + "(" + std::to_string(x.line) + "): " + x.error + " : " + x.detail);
+    }
+    // After a runtime error the values that the unwound frames pushed are still on the stack;
+    // three come off all the same.
+    stack.resize(stack.size() - 3);
+}
 
 bool ScriptSystem::raise(const std::string& name, int arg1, int arg2, int arg3) {
     queue(ScriptEvent{name, "", arg1, arg2, arg3});

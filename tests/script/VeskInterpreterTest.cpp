@@ -277,3 +277,38 @@ TEST(VeskInterpreter, FunctionWithTooManyLocalsIsRefused) {
     EXPECT_FALSE(script.parse(source));
     EXPECT_EQ(script.getLastError(), "At line 0 : Too many variables : L65535");
 }
+
+// The game asks a script to end when the player quits: long loops (of every kind, one calling a
+// host function) and a long recursion each stop at their next pass or call, and the engine says
+// why. Each would run for seconds on its own.
+TEST(VeskInterpreter, StopRequestEndsARunningScriptAtItsNextLoopPassOrCall) {
+    struct Case {
+        const char* source;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"FUNCTION Main()\n  X = 0\n  DO WHILE X < 300000000\n    X = X + 1\n  LOOP\nEND FUNCTION\n",
+         "At line 0 : MAIN: Script stopped : MAIN"},
+        {"FUNCTION Main()\n  N = 0\n  WHILE N < 100000000\n    N = N + 1, print(\"\")\n  WEND\nEND "
+         "FUNCTION\n",
+         "At line 0 : MAIN: Script stopped : MAIN"},
+        {"FUNCTION Main()\n  FOR I = 1 TO 300000000\n  NEXT\nEND FUNCTION\n",
+         "At line 0 : MAIN: Script stopped : MAIN"},
+        {"FUNCTION Down(N)\n  IF N > 0 THEN\n    Down(N - 1)\n    Down(N - 1)\n  END IF\nEND FUNCTION\n"
+         "FUNCTION Main()\n  Down(25)\nEND FUNCTION\n",
+         "At line 0 : DOWN: Script stopped : DOWN"},
+    };
+    for (const Case& c : cases) {
+        VeskScript script;
+        script.addFunction("print", Grevan::print);
+        ASSERT_TRUE(script.parse(c.source)) << script.getLastError();
+        std::thread stopper([&script] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            script.requestStop();
+        });
+        EXPECT_FALSE(script.run("Main")) << c.source;
+        stopper.join();
+        EXPECT_EQ(script.getLastError(), c.error) << c.source;
+        EXPECT_TRUE(script.isStopRequested());
+    }
+}

@@ -64,6 +64,8 @@ TEST_F(ObjectSystemTest, NeighbouringDeadObjectsAreReapedInOnePassAndTheRestKeep
     for (int i = 0; i < 6; ++i) {
         EXPECT_EQ(deleted[i], dead[i]) << i;
     }
+    // The survivors go now, while the flags they set on deletion still exist.
+    objects().cleanupObjects();
 }
 
 TEST_F(ObjectSystemTest, DeadObjectsAreDrawnButNotMovedUntilReapedAndHiddenOnesAreNotDrawn) {

@@ -1,17 +1,8 @@
 #include "LevelArt.h"
 
-#include <cmath>
-
 namespace Grevan {
 
 namespace {
-
-const double kTurn = 6.283185307179586;
-
-// A wave that repeats exactly across a tile, so neighbouring tiles meet without a seam.
-int tileWave(int x, int tileWidth, int periods, double amplitude, double phase) {
-    return static_cast<int>(std::lround(amplitude * std::sin(kTurn * periods * x / tileWidth + phase)));
-}
 
 // A stone set into earth or wall: an inked pebble lit from the upper left.
 void pebble(Painter& p, int x, int y, int radiusX, int radiusY) {
@@ -23,8 +14,8 @@ void pebble(Painter& p, int x, int y, int radiusX, int radiusY) {
 
 }  // namespace
 
-const std::vector<LevelArt::Piece>& LevelArt::pieces() {
-    static const std::vector<Piece> all = {
+const std::vector<ArtPiece>& LevelArt::pieces() {
+    static const std::vector<ArtPiece> all = {
         {"ground.bmp", 400, 80, ground},
         {"platform_long.bmp", 240, 22, platform},
         {"platform_short.bmp", 120, 22, platform},
@@ -51,7 +42,7 @@ void LevelArt::ground(Painter& p) {
     p.fill(0, 0, w - 1, h - 1, kDirt.base);
     for (int x = 0; x < w; ++x) {
         for (int y = 18; y < h; ++y) {
-            int band = (y + tileWave(x, w, 2, 3.0, 0.0)) % 17;
+            int band = (y + Painter::tileWave(x, w, 2, 3.0, 0.0)) % 17;
             if (band == 0) {
                 p.pixel(x, y, kDirt.shadow);
             } else if (band == 1) {
@@ -67,7 +58,7 @@ void LevelArt::ground(Painter& p) {
     }
     // The turf: a wavy band with drips, lit along its top.
     for (int x = 0; x < w; ++x) {
-        int depth = 10 + tileWave(x, w, 8, 2.0, 0.7) + tileWave(x, w, 3, 1.5, 2.1);
+        int depth = 10 + Painter::tileWave(x, w, 8, 2.0, 0.7) + Painter::tileWave(x, w, 3, 1.5, 2.1);
         for (int y = 0; y <= depth; ++y) {
             const Tone& tone = y <= 2 ? kGrass.light : y >= depth - 1 ? kGrass.shadow : kGrass.base;
             p.pixel(x, y, tone);
@@ -77,7 +68,7 @@ void LevelArt::ground(Painter& p) {
     for (int i = 0; i < 16; ++i) {
         int x = random.between(6, w - 8);
         int radius = random.between(2, 3);
-        int y = 10 + tileWave(x, w, 8, 2.0, 0.7) + tileWave(x, w, 3, 1.5, 2.1);
+        int y = 10 + Painter::tileWave(x, w, 8, 2.0, 0.7) + Painter::tileWave(x, w, 3, 1.5, 2.1);
         p.disc(x, y + radius - 1, radius, kGrass.shadow);
         p.disc(x - 1, y + radius - 2, radius - 1, kGrass.base);
     }
@@ -219,9 +210,11 @@ void LevelArt::hills(Painter& p) {
     const int w = p.width();
     const int h = p.height();
     auto farTop = [&](int x) {
-        return h - 150 + tileWave(x, w, 1, 34.0, 0.5) + tileWave(x, w, 3, 16.0, 1.3);
+        return h - 150 + Painter::tileWave(x, w, 1, 34.0, 0.5) + Painter::tileWave(x, w, 3, 16.0, 1.3);
     };
-    auto nearTop = [&](int x) { return h - 70 + tileWave(x, w, 2, 22.0, 2.4) + tileWave(x, w, 5, 8.0, 0.2); };
+    auto nearTop = [&](int x) {
+        return h - 70 + Painter::tileWave(x, w, 2, 22.0, 2.4) + Painter::tileWave(x, w, 5, 8.0, 0.2);
+    };
     // Flat hills with a lit crest: far things get few details.
     auto paintRange = [&](auto top, const Ramp& ramp) {
         for (int x = 0; x < w; ++x) {

@@ -2,22 +2,17 @@
 
 #include <vector>
 
-#include "Painter.h"
+#include "ArtPiece.h"
 
 namespace Grevan {
 
-// The pictures of the level's pieces: solid ground, platforms, crates, a wall and a rock, and
-// the decoration around them (hills, clouds, trees, bushes, flowers, a fence, a sign).
+// The pictures of the meadow's pieces: solid ground, platforms, crates (which the other levels
+// use too), a wall and a rock, and the decoration around them (hills, clouds, trees, bushes,
+// flowers, a fence, a sign).
 class LevelArt {
   public:
-    struct Piece {
-        const char* file;  // under image/object/
-        int width;
-        int height;
-        void (*draw)(Painter& painter);
-    };
-
-    static const std::vector<Piece>& pieces();
+    // Written under image/object/.
+    static const std::vector<ArtPiece>& pieces();
 
     static void ground(Painter& p);
     static void platform(Painter& p);

@@ -1,6 +1,7 @@
 #include "Painter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Grevan {
 
@@ -18,6 +19,11 @@ bool Painter::save(const std::string& path) {
 
 int Painter::colour(const Tone& tone) {
     return makecol(tone.r, tone.g, tone.b);
+}
+
+int Painter::tileWave(int x, int tileWidth, int periods, double amplitude, double phase) {
+    const double turn = 6.283185307179586;
+    return static_cast<int>(std::lround(amplitude * std::sin(turn * periods * x / tileWidth + phase)));
 }
 
 bool Painter::isOpaque(int x, int y) const {
@@ -61,6 +67,26 @@ void Painter::triangle(int x1, int y1, int x2, int y2, int x3, int y3, const Ton
     ::triangle(canvas, x1, y1, x2, y2, x3, y3, colour(tone));
 }
 
+void Painter::frame(int x1, int y1, int x2, int y2, const Tone& tone) {
+    rect(canvas, x1, y1, x2, y2, colour(tone));
+}
+
+void Painter::text(int x, int y, const std::string& words, const Tone& tone, int scale) {
+    BITMAP* letters = create_bitmap(std::max(1, text_length(font, words.c_str())), text_height(font));
+    const int background = colour(Palette::kTransparent);
+    clear_to_color(letters, background);
+    textout_ex(letters, font, words.c_str(), 0, 0, colour(tone), -1);
+    for (int ly = 0; ly < letters->h; ++ly) {
+        for (int lx = 0; lx < letters->w; ++lx) {
+            if (getpixel(letters, lx, ly) != background) {
+                fill(x + lx * scale, y + ly * scale, x + lx * scale + scale - 1, y + ly * scale + scale - 1,
+                     tone);
+            }
+        }
+    }
+    destroy_bitmap(letters);
+}
+
 void Painter::bevelBox(int x1, int y1, int x2, int y2, const Ramp& ramp) {
     fill(x1, y1, x2, y2, ramp.base);
     fill(x1, y2 - 1, x2, y2, ramp.shadow);
@@ -97,6 +123,38 @@ void Painter::speckle(int x1, int y1, int x2, int y2, const Tone& tone, int perM
             if (random.chance(perMille)) {
                 stain(x, y, tone);
             }
+        }
+    }
+}
+
+void Painter::blend(int y1, int y2, const Tone& from, const Tone& to) {
+    static const int kBayer[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
+    const int bands = 8;
+    const int span = std::max(1, y2 - y1);
+    for (int y = y1; y <= y2; ++y) {
+        for (int x = 0; x < canvas->w; ++x) {
+            // Sixteenths of a band, nudged by the dither matrix before rounding down.
+            int position = (y - y1) * bands * 16 / span + kBayer[y & 3][x & 3] - 8;
+            int band = std::clamp(position / 16, 0, bands);
+            pixel(x, y,
+                  Tone{from.r + (to.r - from.r) * band / bands, from.g + (to.g - from.g) * band / bands,
+                       from.b + (to.b - from.b) * band / bands});
+        }
+    }
+}
+
+void Painter::masonry(int x1, int y1, int x2, int y2, const Ramp& ramp, int blockWidth, int blockHeight,
+                      ArtRandom& random) {
+    fill(x1, y1, x2, y2, ramp.shadow);
+    for (int row = 0; y1 + row * blockHeight <= y2; ++row) {
+        int top = y1 + row * blockHeight;
+        int offset = row % 2 ? blockWidth / 2 : 0;
+        for (int left = x1 - offset; left <= x2; left += blockWidth) {
+            int shift = random.between(-8, 8);
+            auto tint = [shift](const Tone& t) { return Tone{t.r + shift, t.g + shift, t.b + shift}; };
+            Ramp block{tint(ramp.shadow), tint(ramp.base), tint(ramp.light), tint(ramp.highlight)};
+            bevelBox(std::max(left, x1), top, std::min(left + blockWidth - 2, x2),
+                     std::min(top + blockHeight - 2, y2), block);
         }
     }
 }

@@ -38,6 +38,8 @@ class Painter {
     bool save(const std::string& path);
 
     static int colour(const Tone& tone);
+    // A wave that repeats exactly across a tile, so neighbouring tiles meet without a seam.
+    static int tileWave(int x, int tileWidth, int periods, double amplitude, double phase);
     bool isOpaque(int x, int y) const;
     void pixel(int x, int y, const Tone& tone);
     // Paints only where the picture is already opaque: texture that never leaks past a shape.
@@ -48,6 +50,10 @@ class Painter {
     void oval(int x, int y, int radiusX, int radiusY, const Tone& tone);
     void line(int x1, int y1, int x2, int y2, const Tone& tone);
     void triangle(int x1, int y1, int x2, int y2, int x3, int y3, const Tone& tone);
+    // The outline of a box, one pixel wide.
+    void frame(int x1, int y1, int x2, int y2, const Tone& tone);
+    // Writes in Allegro's built-in 8-pixel font, each font pixel drawn as a scale x scale square.
+    void text(int x, int y, const std::string& words, const Tone& tone, int scale = 1);
 
     // A box with a lit top and left edge and a shaded bottom and right edge.
     void bevelBox(int x1, int y1, int x2, int y2, const Ramp& ramp);
@@ -57,6 +63,12 @@ class Painter {
     void cluster(const std::vector<Blob>& blobs, const Ramp& ramp);
     // Scatters single pixels of a tone over the opaque part of a box.
     void speckle(int x1, int y1, int x2, int y2, const Tone& tone, int perMille, ArtRandom& random);
+    // A sky-like gradient from one tone at y1 to another at y2, over the whole width, in a few
+    // flat bands whose borders are dithered: a pixel picture's way of shading smoothly.
+    void blend(int y1, int y2, const Tone& from, const Tone& to);
+    // Courses of stone blocks, each a touch lighter or darker, each lit like a bevelled box.
+    void masonry(int x1, int y1, int x2, int y2, const Ramp& ramp, int blockWidth, int blockHeight,
+                 ArtRandom& random);
     // Rounds off a box's corners by making them transparent.
     void roundCorners(int x1, int y1, int x2, int y2);
     // Turns every opaque pixel that touches a transparent one (or an open border) into ink.

@@ -53,6 +53,10 @@ const Look kSoldier = {"soldier",      {226, 176, 132}, {70, 50, 30},  {88, 104,
 const Look kRaider = {"raider",     {192, 136, 96}, {30, 24, 20},  {176, 42, 38}, {128, 28, 26},
                       {72, 72, 84}, {52, 52, 62},   {112, 96, 72}, {84, 70, 52},  {38, 30, 26},
                       {98, 70, 40}, {0, 0, 0},      false,         false,         {122, 78, 44}};
+// The fortress's guards: steel helmets and the garrison's dark blue.
+const Look kGuard = {"guard",       {214, 160, 120}, {40, 30, 24}, {150, 156, 170}, {96, 102, 118},
+                     {72, 88, 144}, {52, 64, 108},   {88, 82, 96}, {62, 58, 70},    {30, 26, 24},
+                     {120, 90, 40}, {0, 0, 0},       true,         false,           {70, 60, 56}};
 
 // Joint positions of one figure within its frame, in pixels.
 struct Pose {
@@ -405,6 +409,6 @@ int main(int argc, char** argv) {
         return 1;
     }
     set_color_depth(32);
-    bool ok = writeRole(argv[1], kSoldier) && writeRole(argv[1], kRaider);
+    bool ok = writeRole(argv[1], kSoldier) && writeRole(argv[1], kRaider) && writeRole(argv[1], kGuard);
     return ok ? 0 : 1;
 }

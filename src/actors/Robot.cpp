@@ -1,0 +1,9 @@
+#include "actors/Robot.h"
+
+namespace Grevan {
+
+Robot::Robot() {
+    loadImage(kPicture);
+}
+
+}  // namespace Grevan

@@ -1,0 +1,108 @@
+#include "core/EventSystem.h"
+
+#include <cstdio>
+
+#include "actors/Player.h"
+#include "actors/Weapon.h"
+#include "core/Game.h"
+
+namespace Grevan {
+
+void EventSystem::addEvent(std::unique_ptr<Event> e) {
+    events.push_back(std::move(e));
+}
+
+void EventSystem::handleEvents() {
+    if (events.empty()) {
+        return;
+    }
+    // Only the newest event of a frame counts; the older ones go with the queue.
+    std::unique_ptr<Event> e = std::move(events.back());
+    events.clear();
+    Game* game = Game::getInstance();
+    // A click, pressed or released, closes a speech bubble and is not fired.
+    if (game->getDialog().isVisible()) {
+        if (e->action == ACTION_FIRE) {
+            game->getDialog().hide();
+        }
+        return;
+    }
+    if (!game->canControl()) {
+        return;
+    }
+    if (Player* p = game->getPlayer(e->playerId)) {
+        act(*e, p);
+    }
+}
+
+void EventSystem::act(const Event& e, Player* p) {
+    Game* game = Game::getInstance();
+    MapSystem& map = game->getMapSystem();
+    AimSystem& sight = game->getAimSystem();
+    switch (e.action) {
+        case ACTION_FIRE:
+            if (e.pressed) {
+                p->fire(sight.getX() + map.getClientX(), sight.getY() + map.getClientY());
+            } else {
+                p->holdFire();
+            }
+            break;
+        case ACTION_JUMP:
+            p->jump(e.pressed);
+            break;
+        case ACTION_MOVE_LEFT:
+            p->moveLeft(e.pressed);
+            break;
+        case ACTION_MOVE_RIGHT:
+            p->moveRight(e.pressed);
+            break;
+        case ACTION_RELOAD:
+            // On the press and on the release alike.
+            if (Weapon* w = p->getCurrentWeapon()) {
+                w->reload();
+            }
+            break;
+        // Keys 1 to 4 select equipment 2, 1, 0, 3: the gun first, empty hands on 3.
+        case ACTION_SLOT_1:
+            p->setEquipment(2);
+            break;
+        case ACTION_SLOT_2:
+            p->setEquipment(1);
+            break;
+        case ACTION_SLOT_3:
+            p->setEquipment(0);
+            break;
+        case ACTION_SLOT_4:
+            p->setEquipment(3);
+            break;
+        case ACTION_MOUSE_MOVE:
+            aim(p, e.data);
+            break;
+        case ACTION_MOUSE_RIGHT:
+        case ACTION_KEY_S:
+        case ACTION_KEY_SHIFT:
+        case ACTION_KEY_Q:
+            break;
+        default:
+            printf("Unknown action %d\n", static_cast<int>(e.action));
+            fflush(stdout);
+            break;
+    }
+}
+
+// The sight follows the mouse, the player aims at the world point under it, and a held trigger
+// follows the sight.
+void EventSystem::aim(Player* p, int data) {
+    Game* game = Game::getInstance();
+    AimSystem& sight = game->getAimSystem();
+    sight.setX(data >> 16);
+    sight.setY(data & 0xFFFF);
+    int worldX = sight.getX() + game->getMapSystem().getClientX();
+    int worldY = sight.getY() + game->getMapSystem().getClientY();
+    p->aim(worldX, worldY);
+    if (p->isFiring()) {
+        p->fire(worldX, worldY);
+    }
+}
+
+}  // namespace Grevan

@@ -1,0 +1,101 @@
+// Host functions: weapons and orders to a player.
+
+#include "actors/Grenade.h"
+#include "actors/Gun.h"
+#include "actors/Pistol.h"
+#include "actors/Player.h"
+#include "scripting/HostAccess.h"
+#include "scripting/HostArguments.h"
+#include "scripting/HostFunctions.h"
+
+namespace Grevan {
+
+namespace {
+
+// The weapon a filled slot of that number holds: 1 a pistol, 2 a gun, 3 grenades.
+Weapon* makeWeapon(int slot, Player* holder) {
+    switch (slot) {
+        case 1:
+            return new Pistol(holder);
+        case 2:
+            return new Gun(holder);
+        case 3:
+            return new Grenade(holder);
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
+
+// addPlayerWeapon(player, slot, rounds): an empty slot gets its weapon first, so a second call
+// for the same slot only adds rounds.
+void addPlayerWeapon(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 3);
+    const int slot = a.integer(2);
+    withPlayer(a.integer(1), [&](Player& p) {
+        Weapon* w = p.getWeapon(slot);
+        if (!w) {
+            w = makeWeapon(slot, &p);
+            p.setWeapon(slot, w);
+        }
+        if (w) {
+            w->addBullets(a.integer(3));
+        }
+    });
+}
+
+void switchWeapon(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 2);
+    withPlayer(a.integer(1), [&](Player& p) { p.setEquipment(a.integer(2)); });
+}
+
+void playerDoAim(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 3);
+    withPlayer(a.integer(1), [&](Player& p) { p.aim(a.integer(2), a.integer(3)); });
+}
+
+// The weapon in hand fires at once, whatever the player is doing.
+void playerDoFire(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 3);
+    withPlayer(a.integer(1), [&](Player& p) {
+        if (Weapon* w = p.getCurrentWeapon()) {
+            w->fire(a.integer(2), a.integer(3));
+        }
+    });
+}
+
+// Walks to x; y is carried with the order but not used.
+void playerDoMove(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 3);
+    withPlayer(a.integer(1), [&](Player& p) {
+        PlayerAction order;
+        order.type = ACTION_MOVE_TO;
+        order.x = a.integer(2);
+        order.y = a.integer(3);
+        p.setAction(order);
+    });
+}
+
+void playerDoStop(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 1);
+    withPlayer(a.integer(1), [](Player& p) {
+        p.stopAction();
+        p.stopMoving();
+        p.stop();
+    });
+}
+
+// Returns when the player's scripted order has ended. An id that is not a player's waits until
+// the game ends: a script that waits for nobody has lost its way, and the player can still quit.
+void waitForPlayerAction(HostStack& stack, VeskVariable&, int) {
+    HostArguments a(stack, 1);
+    const int id = a.integer(1);
+    waitWhile([id] {
+        GameLockGuard guard;
+        Player* p = findPlayer(id);
+        return !p || p->isPlayerActionOn();
+    });
+}
+
+}  // namespace Grevan

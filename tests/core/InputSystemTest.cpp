@@ -1,0 +1,237 @@
+// Keyboard and mouse as events: only edges travel, the newest event of a frame acts on the main
+// player, and locked control or a speech bubble keeps input from acting.
+
+#include "core/InputSystem.h"
+
+#include <allegro.h>
+
+#include <string>
+#include <vector>
+
+#include "actors/Pistol.h"
+#include "support/CombatScene.h"
+
+using Grevan::Player;
+
+namespace {
+
+class Input : public CombatScene {
+  protected:
+    void SetUp() override {
+        CombatScene::SetUp();
+        game->setMainPlayer(me);
+        game->unlockControl();
+    }
+    void TearDown() override {
+        for (int k = 0; k < KEY_MAX; k++) {
+            key[k] = 0;
+        }
+        mouse_x = mouse_y = mouse_b = 0;
+    }
+
+    Grevan::InputSystem& input() { return game->getInputSystem(); }
+    Grevan::EventSystem& events() { return game->getEventSystem(); }
+    // The queued events as "action+" (press) or "action-" (release), oldest first.
+    std::string queued() {
+        std::string told;
+        for (const std::unique_ptr<Event>& e : events().getEvents()) {
+            told += std::to_string(e->action) + (e->pressed ? "+ " : "- ");
+        }
+        return told;
+    }
+    void send(EventAction action, bool pressed, int data = 0) {
+        auto e = std::make_unique<Event>();
+        e->action = action;
+        e->pressed = pressed;
+        e->data = data;
+        EXPECT_TRUE(game->getClientNetwork().sendEvent(std::move(e)));
+    }
+};
+
+TEST_F(Input, AKeyHeldForManyFramesGivesOnePressAndOneRelease) {
+    key[KEY_D] = 1;
+    for (int i = 0; i < 5; i++) {
+        input().doInput();
+    }
+    EXPECT_EQ(queued(), "4+ ");
+    key[KEY_D] = 0;
+    for (int i = 0; i < 5; i++) {
+        input().doInput();
+    }
+    EXPECT_EQ(queued(), "4+ 4- ");
+    ASSERT_EQ(events().getEvents().front()->playerId, me->getPlayerId());
+}
+
+TEST_F(Input, AKeyPressedAndReleasedBetweenTwoFramesGivesNothing) {
+    key[KEY_A] = 1;
+    key[KEY_A] = 0;
+    input().doInput();
+    EXPECT_EQ(queued(), "");
+}
+
+TEST_F(Input, WithoutAMainPlayerNothingIsQueued) {
+    game->setMainPlayer(nullptr);
+    key[KEY_W] = 1;
+    input().doInput();
+    EXPECT_EQ(queued(), "");
+}
+
+TEST_F(Input, EveryKeyAndButtonReachesItsAction) {
+    const std::vector<std::pair<int, EventAction>> keys = {
+        {KEY_A, ACTION_MOVE_LEFT}, {KEY_D, ACTION_MOVE_RIGHT}, {KEY_W, ACTION_JUMP},
+        {KEY_S, ACTION_KEY_S},     {KEY_R, ACTION_RELOAD},     {KEY_LSHIFT, ACTION_KEY_SHIFT},
+        {KEY_1, ACTION_SLOT_1},    {KEY_2, ACTION_SLOT_2},     {KEY_3, ACTION_SLOT_3},
+        {KEY_4, ACTION_SLOT_4},    {KEY_Q, ACTION_KEY_Q},      {KEY_B, ACTION_KEY_B},
+        {KEY_M, ACTION_KEY_M},
+    };
+    for (const auto& [k, action] : keys) {
+        key[k] = 1;
+        input().doInput();
+        key[k] = 0;
+        input().doInput();
+        EXPECT_EQ(queued(), std::to_string(action) + "+ " + std::to_string(action) + "- ") << "key " << k;
+        events().clear();
+    }
+    mouse_b = 1;
+    input().doInput();
+    mouse_b = 2;
+    input().doInput();
+    EXPECT_EQ(queued(), "0+ 0- 1+ ");
+}
+
+TEST_F(Input, MouseMotionCarriesThePositionAndMovesTheSightAndTheAim) {
+    map().moveClientTo(900, 0);  // the camera's corner moves off the level's left end
+    mouse_x = 300;
+    mouse_y = 200;
+    input().doInput();
+    ASSERT_EQ(queued(), "15- ");
+    EXPECT_EQ(events().getEvents().front()->data, 300 * 65536 + 200);
+    input().doInput();
+    EXPECT_EQ(queued(), "15- ") << "a mouse at rest sends nothing";
+    events().handleEvents();
+    EXPECT_EQ(game->getAimSystem().getX(), 300);
+    EXPECT_EQ(me->getAimX(), 300 + map().getClientX());
+    EXPECT_EQ(me->getAimY(), 200 + map().getClientY());
+}
+
+TEST_F(Input, OnlyTheNewestEventOfAFrameActsAndTheQueueEmpties) {
+    send(ACTION_MOVE_LEFT, true);
+    send(ACTION_MOVE_RIGHT, true);
+    events().handleEvents();
+    EXPECT_FALSE(me->isMovingLeft()) << "dropped";
+    EXPECT_TRUE(me->isMovingRight());
+    EXPECT_EQ(queued(), "");
+}
+
+TEST_F(Input, SlotKeysSelectEquipmentTwoOneZeroThree) {
+    const std::vector<std::pair<EventAction, int>> slots = {
+        {ACTION_SLOT_1, 2}, {ACTION_SLOT_2, 1}, {ACTION_SLOT_3, 0}, {ACTION_SLOT_4, 3}};
+    for (bool pressed : {true, false}) {
+        for (const auto& [action, equipment] : slots) {
+            me->setEquipment(-1);
+            send(action, pressed);
+            events().handleEvents();
+            EXPECT_EQ(me->getEquipment(), equipment) << "action " << action << (pressed ? " down" : " up");
+        }
+    }
+}
+
+TEST_F(Input, FireActsAtTheSightInTheWorldAndAHeldTriggerFollowsIt) {
+    map().moveClientTo(900, 0);
+    const int clientX = map().getClientX();
+    send(ACTION_MOUSE_MOVE, false, (100 << 16) | 50);
+    events().handleEvents();
+    send(ACTION_FIRE, true);
+    events().handleEvents();
+    EXPECT_TRUE(me->isFiring());
+    EXPECT_EQ(me->getFireX(), 100 + clientX);
+    EXPECT_EQ(me->getFireY(), 50 + map().getClientY());
+    send(ACTION_MOUSE_MOVE, false, (400 << 16) | 70);
+    events().handleEvents();
+    EXPECT_EQ(me->getFireX(), 400 + clientX) << "the held trigger follows the sight";
+    send(ACTION_FIRE, false);
+    events().handleEvents();
+    EXPECT_FALSE(me->isFiring());
+    send(ACTION_MOUSE_MOVE, false, (10 << 16) | 10);
+    events().handleEvents();
+    EXPECT_EQ(me->getFireX(), 400 + clientX) << "a released trigger stays";
+}
+
+TEST_F(Input, ReloadActsOnPressAndOnRelease) {
+    Grevan::Pistol* pistol = arm<Grevan::Pistol>(me, 30);
+    for (bool pressed : {true, false}) {
+        send(ACTION_RELOAD, pressed);
+        events().handleEvents();
+        EXPECT_TRUE(pistol->isReloading()) << (pressed ? "press" : "release");
+        runUntilReady(pistol);
+    }
+}
+
+TEST_F(Input, KeysBAndMAreReportedAsUnknownActions) {
+    std::string printed = GrevanTest::printedBy([&] {
+        send(ACTION_KEY_B, true);
+        events().handleEvents();
+        send(ACTION_KEY_M, false);
+        events().handleEvents();
+        send(ACTION_KEY_Q, true);
+        events().handleEvents();
+    });
+    EXPECT_EQ(printed, "Unknown action 13\nUnknown action 14\n");
+}
+
+TEST_F(Input, LockedControlDropsEventsButTheKeysStillTrackReleases) {
+    key[KEY_D] = 1;
+    input().doInput();
+    game->playFrame(buffer, 0);
+    EXPECT_TRUE(me->isMovingRight());
+    game->lockControl();
+    EXPECT_FALSE(me->isMovingRight()) << "locking stops the main player";
+    key[KEY_D] = 0;
+    input().doInput();
+    EXPECT_EQ(queued(), "4- ") << "the release held across the lock is sent";
+    key[KEY_A] = 1;
+    input().doInput();
+    game->playFrame(buffer, 0);
+    EXPECT_EQ(queued(), "");
+    EXPECT_FALSE(me->isMovingLeft()) << "dropped while locked";
+    game->unlockControl();
+    key[KEY_A] = 0;
+    input().doInput();
+    key[KEY_A] = 1;
+    input().doInput();
+    game->playFrame(buffer, 0);
+    EXPECT_TRUE(me->isMovingLeft());
+}
+
+TEST_F(Input, WhileABubbleShowsAClickOnlyClosesItAndOtherInputIsDropped) {
+    Grevan::Dialog& bubble = game->getDialog();
+    // A bubble can be closed once it has shown for a moment.
+    auto showForAMoment = [&bubble] {
+        bubble.show();
+        for (int i = 0; i < Grevan::Dialog::kShortestShowing; i++) {
+            bubble.move();
+        }
+    };
+    bubble.setPosition(100, 100).setText("Hello");
+    showForAMoment();
+    send(ACTION_MOVE_RIGHT, true);
+    events().handleEvents();
+    EXPECT_TRUE(bubble.isVisible());
+    EXPECT_FALSE(me->isMovingRight());
+    send(ACTION_FIRE, true);
+    events().handleEvents();
+    EXPECT_FALSE(bubble.isVisible());
+    EXPECT_FALSE(me->isFiring()) << "the click is not fired";
+    showForAMoment();
+    send(ACTION_FIRE, false);
+    events().handleEvents();
+    EXPECT_FALSE(bubble.isVisible()) << "a release closes it too";
+}
+
+TEST_F(Input, LoadingAMapDropsQueuedEvents) {
+    send(ACTION_MOVE_RIGHT, true);
+    loadLevel(false);
+    EXPECT_EQ(queued(), "");
+}
+
+}  // namespace

@@ -1,0 +1,170 @@
+#include "ui/Dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "support/HeadlessGame.h"
+#include "support/TestSupport.h"
+
+using Grevan::Dialog;
+
+namespace {
+
+// What a pixel of the colour becomes drawn at alpha 200 over the background colour.
+int atAlpha200Over(int background, int colour) {
+    BITMAP* under = create_bitmap(1, 1);
+    BITMAP* over = create_bitmap(1, 1);
+    clear_to_color(under, background);
+    clear_to_color(over, colour);
+    set_trans_blender(0, 0, 0, 200);
+    draw_trans_sprite(under, over, 0, 0);
+    int result = getpixel(under, 0, 0);
+    destroy_bitmap(over);
+    destroy_bitmap(under);
+    return result;
+}
+
+// A bubble under the headless game's 800 x 600 camera.
+class SpeechBubble : public HeadlessGame {
+  protected:
+    // Shows the bubble and lets `frames` frames of its time pass.
+    void showFor(int frames) {
+        bubble.show();
+        for (int i = 0; i < frames; i++) {
+            bubble.move();
+        }
+    }
+
+    Dialog bubble;
+};
+
+TEST_F(SpeechBubble, LinesAndSizesFollowTheLineFeedsAndTheWidestLine) {
+    const int lineHeight = text_height(font) + 8;
+    struct Case {
+        std::string text;
+        std::vector<std::string> lines;
+        int width;
+    } cases[] = {
+        {"Hello", {"Hello"}, 36 + text_length(font, "Hello")},
+        {"a\nb", {"a", "b"}, 36 + text_length(font, "a")},
+        {"Hi\nthere!", {"Hi", "there!"}, 36 + text_length(font, "there!")},
+        // A line feed right after another one starts the next line instead of ending one.
+        {"a\n\nb", {"a", "\nb"}, 36 + text_length(font, "\nb")},
+        {"\nb", {"", "b"}, 36 + text_length(font, "b")},
+        {"", {""}, 36},
+        {"ab\n", {"ab"}, 36 + text_length(font, "ab")},
+    };
+    for (const Case& c : cases) {
+        bubble.setPosition(100, 300).setText(c.text);
+        EXPECT_EQ(bubble.getLines(), c.lines) << c.text;
+        EXPECT_EQ(bubble.getWidth(), c.width) << c.text;
+        EXPECT_EQ(bubble.getHeight(), static_cast<int>(c.lines.size()) * lineHeight + 28) << c.text;
+        EXPECT_EQ(bubble.getText(), c.text);
+    }
+}
+
+TEST_F(SpeechBubble, OpensToTheLeftOfThePointWhenItWouldLeaveTheViewOnTheRight) {
+    struct Case {
+        int cameraX;
+        int pointX;
+        bool opensLeft;
+    } cases[] = {{0, 100, false},  {0, 790, true},       {200, 900, false},
+                 {200, 990, true}, {0, 800 - 76, false}, {0, 800 - 75, true}};
+    for (const Case& c : cases) {
+        map().setClientX(c.cameraX);
+        bubble.setPosition(c.pointX, 300).setText("Hello");  // 76 pixels wide
+        ASSERT_EQ(bubble.getWidth(), 76);
+        EXPECT_EQ(bubble.getX(), c.opensLeft ? c.pointX - 76 : c.pointX) << c.pointX << " from " << c.cameraX;
+        EXPECT_EQ(bubble.getY(), 300 - bubble.getHeight());
+    }
+}
+
+TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
+    const int green = makecol(0, 250, 0);
+    const int blended = atAlpha200Over(green, makecol(0, 0, 0));
+    const int white = atAlpha200Over(green, makecol(255, 255, 255));
+    for (bool opensLeft : {false, true}) {
+        int pointX = opensLeft ? 790 : 100;
+        bubble.setPosition(pointX, 300).setText("Hello").setColor(makecol(255, 0, 0)).show();
+        clear_to_color(buffer, green);
+        bubble.draw(buffer, 0, 0);
+        int left = bubble.getX();
+        int right = left + bubble.getWidth() - 1;
+        int bottom = 299;
+        // The tip is the bottom corner at the point; the other bottom corner is mask.
+        EXPECT_EQ(getpixel(buffer, opensLeft ? right : left, bottom), blended) << opensLeft;
+        EXPECT_EQ(getpixel(buffer, opensLeft ? left : right, bottom), green) << opensLeft;
+        EXPECT_EQ(getpixel(buffer, left, bubble.getY()), green) << "the margin is mask";
+        EXPECT_EQ(getpixel(buffer, left + 10, bubble.getY() + 10), blended) << "the box";
+        // The text is white whatever colour was asked for: blended white over green.
+        EXPECT_GT(GrevanTest::pixelsOf(buffer, white, left, bubble.getY(), right, bottom), 0);
+        EXPECT_EQ(GrevanTest::pixelsOf(buffer, makecol(255, 0, 0)), 0);
+    }
+    // With the camera moved, the bubble stays at its place in the world.
+    clear_to_color(buffer, green);
+    bubble.draw(buffer, 50, 20);
+    EXPECT_EQ(getpixel(buffer, bubble.getX() + 10 - 50, bubble.getY() + 10 - 20), blended);
+}
+
+TEST_F(SpeechBubble, HideCutsABubbleShortOnlyAfterItsFirst30Frames) {
+    struct Case {
+        int framesShown;
+        bool visibleAfterHide;
+    } cases[] = {{0, true}, {1, true}, {29, true}, {30, false}, {200, false}};
+    bubble.setPosition(100, 300).setText("Hello");
+    for (const Case& c : cases) {
+        showFor(c.framesShown);
+        bubble.hide();
+        EXPECT_EQ(bubble.isVisible(), c.visibleAfterHide) << c.framesShown;
+    }
+}
+
+TEST_F(SpeechBubble, TimesOutAfter300FramesOrTheDelayGiven) {
+    bubble.setPosition(100, 300).setText("Hello");
+    showFor(300);
+    EXPECT_TRUE(bubble.isVisible()) << "shown for the whole 300 frames";
+    bubble.move();
+    EXPECT_FALSE(bubble.isVisible());
+    bubble.setDelay(5);
+    showFor(5);
+    EXPECT_TRUE(bubble.isVisible());
+    bubble.move();
+    EXPECT_FALSE(bubble.isVisible());
+    bubble.move();
+    EXPECT_FALSE(bubble.isVisible()) << "a hidden bubble stays hidden";
+}
+
+TEST_F(SpeechBubble, EverySetTextLiftsTheBubbleByItsHeight) {
+    bubble.setPosition(100, 300).setText("Hello");
+    int height = bubble.getHeight();
+    EXPECT_EQ(bubble.getY(), 300 - height);
+    bubble.setText("Hello");
+    EXPECT_EQ(bubble.getY(), 300 - 2 * height);
+    bubble.setPosition(100, 300).setText("Hello\nagain");
+    EXPECT_EQ(bubble.getY(), 300 - bubble.getHeight());
+}
+
+TEST_F(SpeechBubble, DrawingWhileAnotherThreadSetsTextNeverTouchesAFreedBitmap) {
+    bubble.setPosition(100, 300).setText("Hello").show();
+    std::atomic<bool> done{false};
+    std::thread script([this, &done] {
+        for (int i = 0; i < 2000; i++) {
+            bubble.hide().setPosition(100 + i % 50, 300).setText(i % 2 ? "Hello" : "Hi\nthere").show();
+        }
+        done = true;
+    });
+    int draws = 0;
+    while (!done) {
+        bubble.move();
+        bubble.draw(buffer, 0, 0);
+        draws++;
+    }
+    script.join();
+    EXPECT_GT(draws, 0);
+}
+
+}  // namespace
