@@ -22,8 +22,9 @@ bool MapFile::refuse(const std::string& path, const std::string& reason) {
 }
 
 std::string MapFile::checkSize(int pieceCount) const {
-    if (width > kMaximumLevelSize || height > kMaximumLevelSize ||
-        static_cast<long long>(width) * height > kMaximumLevelArea) {
+    // A level without area needs no memory, however negative its sides.
+    const long long area = static_cast<long long>(std::max(width, 0)) * std::max(height, 0);
+    if (width > kMaximumLevelSize || height > kMaximumLevelSize || area > kMaximumLevelArea) {
         return "the level size " + std::to_string(width) + " x " + std::to_string(height) +
                " is too large: at most " + std::to_string(kMaximumLevelSize) + " pixels each way and " +
                std::to_string(kMaximumLevelArea) + " in all";
