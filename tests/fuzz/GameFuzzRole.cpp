@@ -21,8 +21,8 @@ namespace {
 
 Game* game = nullptr;
 BITMAP* buffer = nullptr;
-std::string roleFolder;  // where the fuzzed config.dat goes
-std::string roleName;    // the name that reaches roleFolder from image/role
+std::string roleFolder;    // where the fuzzed config.dat goes
+std::string roleName;      // the name that reaches roleFolder from image/role
 std::string emptyMapPath;  // a level without pieces, to start every input from
 
 }  // namespace
