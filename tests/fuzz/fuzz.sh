@@ -69,7 +69,8 @@ case "$mode" in
     for seed in "${seeds[@]}"; do
       cp "$seed" "$build/corpus-$2/$(sha1sum <"$seed" | cut -c1-40)"
     done
-    "$build/$binary" "$build/corpus-$2" -max_total_time="$seconds" -timeout=10 -close_fd_mask=1 \
+    # A long run shares the machine; a generous timeout keeps a busy moment from passing for a hang.
+    "$build/$binary" "$build/corpus-$2" -max_total_time="$seconds" -timeout=30 -close_fd_mask=1 \
       -rss_limit_mb=2048 -max_len=8192 -print_final_stats=1 -artifact_prefix="$build/artifacts/"
     ;;
   *)
