@@ -25,6 +25,7 @@ TEST(MapSystem, CameraCentresOnThePointAndThenKeepsWithinTheLevel) {
         {2000, 600, 800, 0, 1900, 300, 1200, 0},
         {2000, 600, 800, 900, 1000, 300, 600, 0},
         {2000, 2000, 800, 0, 1000, 1500, 600, 1200},
+        {2000, 600, 800, 0, 399, 300, 0, 0},       // one pixel short of the left edge
         {640, 480, 800, 0, 100, 100, -160, -120},  // narrower than the camera: the clamp comes last
         // An odd width leaves a one-pixel dead zone between the two margins.
         {3000, 600, 801, 599, 1000, 300, 599, 0},
@@ -142,6 +143,7 @@ TEST_F(MapLoading, OddHeadersAreLoadedAsWrittenWithUnreadFieldsLeftAtZero) {
         {"1 -40000 -40000 1 2 3 0", -40000, -40000, 1, 2, 3, 0},
         {"1 800 600 1 2 3 -1 crate.bmp 0 0 10 10 0 0 0 0", 800, 600, 1, 2, 3, 0},
         {"1 800 600 -1 256 3 0", 800, 600, -1, 256, 3, 0},
+        {"1 800 600 1 2 3 100000 crate.bmp 0 1 10 10 0 0 0 0", 800, 600, 1, 2, 3, 100000},  // the most
     };
     for (const Case& c : cases) {
         load("start.map", kSmallLevel);
