@@ -19,8 +19,8 @@ class Animation {
     Animation& operator=(const Animation&) = delete;
 
     // Reads a role description and appends its actions. An unopenable file is ignored
-    // silently; a missing strip or an action of more than AniAction::kMaxFrames frames ends
-    // loading with a message, keeping the actions read before.
+    // silently; a missing strip, an action of more than AniAction::kMaxFrames frames or a
+    // negative frame delay ends loading with a message, keeping the actions read before.
     void load(const char* path);
     // Drops every action; nothing is drawn until a new one is loaded and set.
     void clear();

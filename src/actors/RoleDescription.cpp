@@ -28,6 +28,13 @@ bool RoleDescription::read(const char* path) {
                       std::to_string(kMaxFrames) + ".";
             return true;
         }
+        // A negative delay would count down past every int and never change the frame again.
+        if (action.frameDelay < 0) {
+            problem = "Role description " + std::string(path) + " gives a frame delay of " +
+                      std::to_string(action.frameDelay) + " for action " + std::to_string(action.id) +
+                      "; a delay is 0 or more.";
+            return true;
+        }
         action.loop = loops != 0;
         for (int f = 0; f < count; f++) {
             FrameRect frame;

@@ -57,14 +57,20 @@ void Weapon::draw(BITMAP* target, int cx, int cy) {
     if (!image) {
         return;
     }
-    int left = cx - width / 2;
-    int top = cy - height / 2;
-    // Pointing into the left half, the picture is mirrored rather than drawn upside down.
-    if (angle < kQuarterTurn + 1 || angle > kFullTurn - kQuarterTurn - 1) {
-        rotate_sprite(target, image, left, top, itofix(angle));
-    } else {
-        rotate_sprite_v_flip(target, image, left, top, itofix(angle));
+    // However turned, the picture stays within this distance of its centre.
+    const int reach = image->w + image->h;
+    if (cx + reach < 0 || cx - reach >= target->w || cy + reach < 0 || cy - reach >= target->h) {
+        return;
     }
+    const int left = cx - width / 2;
+    const int top = cy - height / 2;
+    // Pointing into the left half, the picture is mirrored rather than drawn upside down.
+    const bool mirrored = !(angle < kQuarterTurn + 1 || angle > kFullTurn - kQuarterTurn - 1);
+    // What rotate_sprite and rotate_sprite_v_flip do, in fixed point by multiplication: their left
+    // shift of the corner is undefined for a weapon partly beyond the screen's left or top edge.
+    target->vtable->pivot_scaled_sprite_flip(target, image, left * 0x10000 + image->w * 0x8000,
+                                             top * 0x10000 + image->h * 0x8000, image->w * 0x8000,
+                                             image->h * 0x8000, itofix(angle), 0x10000, mirrored);
 }
 
 void Weapon::move() {

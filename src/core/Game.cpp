@@ -10,12 +10,31 @@
 #include "core/GameLock.h"
 #include "core/MapFile.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+#define GREVAN_ADDRESS_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define GREVAN_ADDRESS_SANITIZER 1
+#endif
+#endif
+
+#ifdef GREVAN_ADDRESS_SANITIZER
+// A picture file whose header claims an absurd size makes Allegro ask for more memory than
+// exists; it must get null and report the file, as in a plain build, not end the process.
+extern "C" const char* __asan_default_options() {
+    return "allocator_may_return_null=1";
+}
+#endif
+
 namespace Grevan {
 
 Game* Game::instance = nullptr;
 
 Game::Game(StartMode mode) : startMode(mode) {
     // No member may call Allegro before this point: the library starts only now.
+    // Names read from files reach Allegro's messages; read as UTF-8, some byte sequences send its
+    // formatter into an endless loop, so all text is taken as plain 8-bit characters.
+    set_uformat(U_ASCII);
     // Without a display the system driver cannot start; the game then runs headless, where
     // setting a video mode fails cleanly and start() reports it.
     if (mode == StartMode::DISPLAY && install_allegro(SYSTEM_AUTODETECT, &errno, atexit) != 0) {
@@ -42,6 +61,7 @@ Game::~Game() {
     // Bitmaps cannot be freed once Allegro is gone, so the world and the pages go first. The
     // game itself is never deleted; this serves tests and tools.
     objectSystem.cleanupObjects();
+    pictureCache.clear();
     blockSystem.cleanup();
     robot.reset();
     dialog.release();
@@ -164,6 +184,8 @@ void Game::loadMap(const char* path) {
     mainPlayer = nullptr;
     eventSystem.clear();
     objectSystem.cleanupObjects();
+    // Only the level's objects show the cached pictures, and they are gone.
+    pictureCache.clear();
     mapSystem.initialize(map.getWidth(), map.getHeight());
     blockSystem.initialize(map.getWidth(), map.getHeight());
     mapSystem.setBackgroundColor(map.getRed(), map.getGreen(), map.getBlue());
@@ -172,7 +194,7 @@ void Game::loadMap(const char* path) {
         o->setX(piece.x);
         o->setY(piece.y);
         o->setLayer(static_cast<MapLayer>(piece.layer));
-        o->loadImage(("image/object/" + piece.image).c_str());
+        o->showSharedImage(pictureCache.get("image/object/" + piece.image));
         o->setCollidable(piece.solid);
         o->show();
         objectSystem.addObject(o);

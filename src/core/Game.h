@@ -22,6 +22,7 @@
 #include "ui/SoundSystem.h"
 #include "world/BlockSystem.h"
 #include "world/ObjectSystem.h"
+#include "world/PictureCache.h"
 
 namespace Grevan {
 
@@ -57,8 +58,8 @@ class Game {
     bool canControl() const { return controlAllowed; }
 
     // Throws the level away and builds the one the map file describes. A file that cannot be
-    // opened, or whose numbers are absurd, is refused with one line on standard output and the
-    // level stays as it was.
+    // opened, or whose level size or piece count would exhaust memory, is refused with one line
+    // on standard output and the level stays as it was.
     void loadMap(const char* path);
 
     StartMode getStartMode() const { return startMode; }
@@ -75,6 +76,8 @@ class Game {
     BlockSystem& getBlockSystem() { return blockSystem; }
     AimSystem& getAimSystem() { return aimSystem; }
     ScriptSystem& getScriptSystem() { return scriptSystem; }
+    // The current level's pictures: objects of the level show them with Object::showSharedImage.
+    PictureCache& getPictureCache() { return pictureCache; }
     InfoBar& getInfoBar() { return infoBar; }
     Dialog& getDialog() { return dialog; }
     // Null before start and after it.
@@ -119,6 +122,7 @@ class Game {
     BlockSystem blockSystem;
     AimSystem aimSystem;
     ScriptSystem scriptSystem;
+    PictureCache pictureCache;
     InfoBar infoBar;
     std::vector<Player*> players;  // in order of addPlayer; the registry owns them
     Dialog dialog;

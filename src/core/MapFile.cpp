@@ -1,7 +1,7 @@
 #include "core/MapFile.h"
 
+#include <algorithm>
 #include <fstream>
-#include <utility>
 
 namespace Grevan {
 
@@ -9,8 +9,8 @@ namespace {
 
 enum PieceKind { PIECE_SOLID = 0, PIECE_DECORATION = 1 };
 
-bool isWithin(long long value, long long low, long long high) {
-    return low <= value && value <= high;
+int withinReach(int coordinate) {
+    return std::clamp(coordinate, -MapFile::kFarthestPiece, MapFile::kFarthestPiece);
 }
 
 }  // namespace
@@ -21,20 +21,16 @@ bool MapFile::refuse(const std::string& path, const std::string& reason) {
     return false;
 }
 
-std::string MapFile::checkHeader(int pieceCount) const {
-    const std::string size = std::to_string(width) + " x " + std::to_string(height);
-    if (!isWithin(width, 1, kMaximumLevelSize) || !isWithin(height, 1, kMaximumLevelSize)) {
-        return "the level size " + size + " is outside 1 to " + std::to_string(kMaximumLevelSize);
+std::string MapFile::checkSize(int pieceCount) const {
+    // A level without area needs no memory, however negative its sides.
+    const long long area = static_cast<long long>(std::max(width, 0)) * std::max(height, 0);
+    if (width > kMaximumLevelSize || height > kMaximumLevelSize || area > kMaximumLevelArea) {
+        return "the level size " + std::to_string(width) + " x " + std::to_string(height) +
+               " is too large: at most " + std::to_string(kMaximumLevelSize) + " pixels each way and " +
+               std::to_string(kMaximumLevelArea) + " in all";
     }
-    if (static_cast<long long>(width) * height > kMaximumLevelArea) {
-        return "the level size " + size + " is over " + std::to_string(kMaximumLevelArea) + " pixels";
-    }
-    if (!isWithin(red, 0, 255) || !isWithin(green, 0, 255) || !isWithin(blue, 0, 255)) {
-        return "the background colour " + std::to_string(red) + " " + std::to_string(green) + " " +
-               std::to_string(blue) + " is outside 0 to 255";
-    }
-    if (!isWithin(pieceCount, 0, kMaximumPieceCount)) {
-        return "the piece count " + std::to_string(pieceCount) + " is outside 0 to " +
+    if (pieceCount > kMaximumPieceCount) {
+        return "the piece count " + std::to_string(pieceCount) + " is too large: at most " +
                std::to_string(kMaximumPieceCount);
     }
     return "";
@@ -43,42 +39,34 @@ std::string MapFile::checkHeader(int pieceCount) const {
 bool MapFile::read(const char* path) {
     refusal.clear();
     pieces.clear();
+    width = height = red = green = blue = 0;
     std::ifstream in(path);
     if (!in.is_open()) {
         return refuse(path, "the file cannot be opened");
     }
     int ignored = 0;
     int pieceCount = 0;
-    if (!(in >> ignored >> width >> height >> red >> green >> blue >> pieceCount)) {
-        return refuse(path,
-                      "its header (an integer, width, height, red, green, blue, piece count) is incomplete");
-    }
-    const std::string problem = checkHeader(pieceCount);
+    in >> ignored >> width >> height >> red >> green >> blue >> pieceCount;
+    const std::string problem = checkSize(pieceCount);
     if (!problem.empty()) {
         return refuse(path, problem);
     }
 
+    // Declared once for all records: once the stream fails, each record left is the last one again.
+    MapPiece piece;
+    int kind = 0;
+    int unused = 0;
     for (int i = 0; i < pieceCount; ++i) {
-        MapPiece piece;
-        int kind = 0;
-        int unused[4];
-        if (!(in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> unused[0] >> unused[1] >>
-              unused[2] >> unused[3])) {
-            // A short or malformed file says nothing; the pieces before the bad record stay, and
-            // no stale values are repeated into phantom pieces.
-            break;
-        }
+        in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> unused >> unused >> unused >>
+            unused;
         if (kind != PIECE_SOLID && kind != PIECE_DECORATION) {
             continue;
         }
-        if (!isWithin(piece.x, -kMaximumCoordinate, kMaximumCoordinate) ||
-            !isWithin(piece.y, -kMaximumCoordinate, kMaximumCoordinate)) {
-            return refuse(path, "piece " + std::to_string(i + 1) + " lies at " + std::to_string(piece.x) +
-                                    ", " + std::to_string(piece.y) + ", beyond " +
-                                    std::to_string(kMaximumCoordinate) + " pixels");
-        }
-        piece.solid = kind == PIECE_SOLID;
-        pieces.push_back(std::move(piece));
+        pieces.push_back(piece);
+        MapPiece& placed = pieces.back();
+        placed.solid = kind == PIECE_SOLID;
+        placed.x = withinReach(piece.x);
+        placed.y = withinReach(piece.y);
     }
     return true;
 }

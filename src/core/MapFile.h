@@ -19,17 +19,22 @@ struct MapPiece {
 // The format is whitespace-separated decimal integers and words: an ignored integer, the level's
 // width and height, the background's red, green and blue, the piece count N, then N records of
 // nine fields: image name, layer, kind (0 solid, 1 decoration, anything else skipped), x, y and
-// four ignored integers.
+// four ignored integers. Every field is read with formatted stream input, which also decides
+// what a number too large for an int becomes (the nearest int, after which nothing more is read).
 class MapFile {
   public:
-    static const int kMaximumLevelSize = 32768;                 // pixels, each way
-    static const long long kMaximumLevelArea = 32768LL * 2048;  // pixels; the block map's bound
-    static const int kMaximumPieceCount = 100000;
-    static const int kMaximumCoordinate = 1000000;  // pixels, either sign
+    // The bounds that keep a level within memory.
+    static constexpr int kMaximumLevelSize = 32768;                 // pixels, each way
+    static constexpr long long kMaximumLevelArea = 32768LL * 2048;  // pixels; the block map's bound
+    static constexpr int kMaximumPieceCount = 100000;
+    // Pieces farther away are placed at this distance: nothing reaches or sees them either way,
+    // and the world's pixel arithmetic on them stays within an int.
+    static constexpr int kFarthestPiece = 1 << 30;  // pixels, either sign
 
-    // False when the file is refused: it cannot be opened, its header is incomplete, or a
-    // number in it is absurd. A file that ends early, or holds a word where a number should be,
-    // keeps the pieces before that record and is accepted quietly.
+    // False when the file is refused: it cannot be opened, or its level size or piece count
+    // would exhaust memory. Anything else is accepted quietly: fields that cannot be read keep
+    // the values they had (0 before the first record), so a file that promises more records
+    // than it holds repeats its last record for each missing one.
     bool read(const char* path);
     // Why the file was refused, as one line for standard output.
     const std::string& getRefusal() const { return refusal; }
@@ -44,7 +49,7 @@ class MapFile {
 
   private:
     bool refuse(const std::string& path, const std::string& reason);
-    std::string checkHeader(int pieceCount) const;
+    std::string checkSize(int pieceCount) const;
 
     int width = 0;
     int height = 0;

@@ -68,7 +68,8 @@ void addPresent(HostStack& stack, VeskVariable& result, int) {
     PresentBox* box = new PresentBox();
     box->setX(a.integer(2));
     box->setY(a.integer(3));
-    box->loadImage(picture.c_str());
+    // Boxes naming one picture share it for the life of the level.
+    box->showSharedImage(Game::getInstance()->getPictureCache().get(picture));
     place(box, result);
 }
 

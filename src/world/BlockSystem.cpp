@@ -27,12 +27,14 @@ void checkPoint(BITMAP* map, int x, int y, int) {
 }
 
 void BlockSystem::initialize(int width, int height) {
-    assert(width > 0 && height > 0);
     cleanup();
-    columns = static_cast<unsigned>(width / cellWidth) + kSpareCells;
-    rows = static_cast<unsigned>(height / cellHeight) + kSpareCells;
+    // A map file may give a level no area; it then has the spare cells alone and no outlines.
+    columns = static_cast<unsigned>(std::max(width, 0) / cellWidth) + kSpareCells;
+    rows = static_cast<unsigned>(std::max(height, 0) / cellHeight) + kSpareCells;
     cells.resize(static_cast<size_t>(rows) * columns);
-    blockMap = create_bitmap(width, height);
+    if (width > 0 && height > 0) {
+        blockMap = create_bitmap(width, height);
+    }
     if (blockMap) {
         clear_bitmap(blockMap);
     }

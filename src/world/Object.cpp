@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "world/PictureCache.h"
 #include "world/RealBody.h"
 
 namespace Grevan {
@@ -17,9 +18,7 @@ Object::~Object() {
     for (RealBody* body : bodies) {
         body->setFree(true);
     }
-    if (image) {
-        destroy_bitmap(image);
-    }
+    releaseImage();
 }
 
 void Object::draw(BITMAP* target, int cameraX, int cameraY) {
@@ -99,19 +98,36 @@ bool Object::collide(Object* other) {
 void Object::handleCollision(int, Object*) {}
 
 bool Object::loadImage(const char* path) {
-    BITMAP* loaded = load_bitmap(path, nullptr);
+    BITMAP* loaded = PictureCache::load(path);
     if (!loaded) {
-        allegro_message("Failed to load bitmap %s", path);
         return false;
     }
-    // A picture loaded earlier is replaced; ours owns its bitmaps, so the old one goes.
-    if (image) {
-        destroy_bitmap(image);
-    }
+    releaseImage();
     image = loaded;
     width = loaded->w;
     height = loaded->h;
     return true;
+}
+
+bool Object::showSharedImage(BITMAP* picture) {
+    if (!picture) {
+        return false;
+    }
+    releaseImage();
+    image = picture;
+    imageShared = true;
+    width = picture->w;
+    height = picture->h;
+    return true;
+}
+
+void Object::releaseImage() {
+    // A picture loaded earlier is replaced; one of the object's own goes with it.
+    if (image && !imageShared) {
+        destroy_bitmap(image);
+    }
+    image = nullptr;
+    imageShared = false;
 }
 
 }  // namespace Grevan

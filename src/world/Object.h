@@ -36,8 +36,11 @@ class Object {
     virtual bool collide(Object* other);
     virtual void handleCollision(int side, Object* other);
 
-    // Loads the picture; on failure the object keeps its size and has no picture.
+    // Loads a picture of the object's own; on failure the object keeps its size and picture.
     bool loadImage(const char* path);
+    // Shows a picture that someone else owns and outlives the object (a level's PictureCache);
+    // a null picture is a failed load, which changes nothing.
+    bool showSharedImage(BITMAP* picture);
 
     // Whole pixels: a half is added and the sum truncated toward zero (2.5 gives 3, -0.7 gives 0).
     int getX() const { return static_cast<int>(position.x + 0.5f); }
@@ -84,7 +87,8 @@ class Object {
     int getCentralY() const { return getY() + getHeight() / 2; }
 
   protected:
-    BITMAP* image = nullptr;
+    BITMAP* image = nullptr;  // the object's own unless imageShared
+    bool imageShared = false;
     int width = 0;
     int height = 0;
     bool visible = false;
@@ -102,6 +106,8 @@ class Object {
 
   private:
     friend class RealBody;
+
+    void releaseImage();
 
     static int objectIdGenerator;
     // The bodies whose board this object is, kept by RealBody::setBoard; they lose their

@@ -124,7 +124,13 @@ TEST_F(AnimationTest, BadActionBlocksEndLoadingWithAMessageAndKeepEarlierActions
     } cases[] = {
         {actionBlock(3, 0, 0, strip, 21), config + " gives 21 frames for action 3"},
         {"3 0 0 " + strip + " -1\n", config + " gives -1 frames for action 3"},
+        {actionBlock(3, -1, 1, strip, 2), config + " gives a frame delay of -1 for action 3"},
+        {"3 -2147483648 1 " + strip + " 1 0 0 4 6\n",
+         config + " gives a frame delay of -2147483648 for action 3"},
         {actionBlock(3, 0, 0, absent, 2), "failed to load bitmap: " + absent},
+        // Read as UTF-8, this name once sent Allegro's message formatting into an endless loop; as
+        // plain 8-bit text its bytes above 127 print as others.
+        {actionBlock(3, 0, 0, "\xff\xb9\xb9\xb9\xb9\xb9\xb9\xb9", 2), "failed to load bitmap: y^^^^^^^"},
     };
     for (const Case& c : cases) {
         Animation partial;

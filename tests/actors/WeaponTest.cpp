@@ -104,6 +104,14 @@ TEST_F(WeaponTest, AimAnglesByQuadrantAndOnlyTheLeftHalfIsDrawnMirrored) {
         EXPECT_EQ(GrevanTest::differingPixels(buffer, expected), 0) << "angle " << c.angle;
     }
     destroy_bitmap(expected);
+    // Partly beyond the top left corner only a part shows; far beyond it nothing does.
+    const int wholePicture = buffer->w * buffer->h - GrevanTest::pixelsOf(buffer, 0);
+    for (int centre : {2, -100000}) {
+        clear_to_color(buffer, 0);
+        gun.draw(buffer, centre, centre);
+        const int shown = buffer->w * buffer->h - GrevanTest::pixelsOf(buffer, 0);
+        EXPECT_EQ(shown > 0 && shown < wholePicture, centre == 2) << centre;
+    }
 }
 
 TEST_F(WeaponTest, OnlyTheMainPlayersWeaponInHandKicksTheSight) {

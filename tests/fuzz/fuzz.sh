@@ -1,51 +1,80 @@
 #!/usr/bin/env bash
-# Runs the Vesk libFuzzer targets of a fuzz build (cmake -DGREVAN_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++).
+# Runs the libFuzzer targets of a fuzz build (cmake -DGREVAN_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++).
 #
-#   tests/fuzz/fuzz.sh regress [BUILD]          every target once over the seed corpus and the saved
-#                                               crash reproducers; exits non-zero on any fault
-#   tests/fuzz/fuzz.sh run TARGET SECONDS [BUILD]  fuzz one target (parse or run) for that long
+#   tests/fuzz/fuzz.sh regress [BUILD]             every target once over its seed corpus and its saved
+#                                                  crash reproducers; exits non-zero on any fault
+#   tests/fuzz/fuzz.sh run TARGET SECONDS [BUILD]  fuzz one target (parse, run, map or role) for that long
 #
-# BUILD defaults to build-fuzz/tests/fuzz. Inputs run with tests/script/cases as the working
-# directory, so that IMPORT reaches the test scripts' libraries. The seed corpus is our test and
-# benchmark scripts; a fuzzing run keeps what it learns in BUILD/corpus-TARGET and writes a
-# crashing input to BUILD/artifacts/: copy it to tests/fuzz/crashes/ and add a test for it.
+# BUILD defaults to build-fuzz/tests/fuzz. The script engine's targets (parse, run) run with
+# tests/script/cases as the working directory, so that IMPORT reaches the test scripts' libraries;
+# their seeds are our test and benchmark scripts. The game's targets (map: Game::loadMap, role:
+# Player::setRole) work from data/ themselves; their seeds are the shipped maps or role descriptions
+# and tests/fuzz/seeds/TARGET. A fuzzing run keeps what it learns in BUILD/corpus-TARGET and writes a
+# crashing input to BUILD/artifacts/: copy it to tests/fuzz/crashes/vesk/ (parse, run) or
+# tests/fuzz/crashes/TARGET/ (map, role) and add a test for it.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 mode=${1:-}
 
-seeds=("$root"/tests/script/cases/*.fb "$root"/tests/script/cases/lib/*.fb "$root"/bench/vesk/*.fb)
-crashes=()
-if compgen -G "$root/tests/fuzz/crashes/*" >/dev/null; then
-  crashes=("$root"/tests/fuzz/crashes/*)
-fi
+# Sets binary, seeds and crashes for a target.
+describe() {
+  case "$1" in
+    parse | run)
+      binary=vesk_fuzz_$1
+      seeds=("$root"/tests/script/cases/*.fb "$root"/tests/script/cases/lib/*.fb "$root"/bench/vesk/*.fb)
+      crashes=("$root"/tests/fuzz/crashes/vesk/*)
+      ;;
+    map)
+      binary=grevan_fuzz_map
+      seeds=("$root"/data/maps/*.map "$root"/tests/fuzz/seeds/map/*)
+      crashes=("$root"/tests/fuzz/crashes/map/*)
+      ;;
+    role)
+      binary=grevan_fuzz_role
+      seeds=("$root"/data/image/role/*/config.dat "$root"/tests/fuzz/seeds/role/*)
+      crashes=("$root"/tests/fuzz/crashes/role/*)
+      ;;
+    *)
+      echo "unknown fuzz target: $1" >&2
+      exit 2
+      ;;
+  esac
+}
 
 case "$mode" in
   regress)
     build=$(cd "${2:-$root/build-fuzz/tests/fuzz}" && pwd)
+    # The engine's targets read IMPORTed libraries relative to the cases folder.
     cd "$root/tests/script/cases"
     log=$(mktemp)
     trap 'rm -f "$log"' EXIT
-    for target in parse run; do
-      if ! "$build/vesk_fuzz_$target" -timeout=10 "${seeds[@]}" "${crashes[@]}" >"$log" 2>&1; then
+    for target in parse run map role; do
+      describe "$target"
+      # Standard output is closed: the game's targets print a message for every missing picture.
+      if ! "$build/$binary" -timeout=10 -close_fd_mask=1 "${seeds[@]}" "${crashes[@]}" >"$log" 2>&1; then
         tail -n 40 "$log"
-        echo "vesk_fuzz_$target: FAILED"
+        echo "$binary: FAILED"
         exit 1
       fi
-      echo "vesk_fuzz_$target: $(grep -c '^Executed' "$log") inputs, no fault"
+      echo "$binary: $(grep -c '^Executed' "$log") inputs, no fault"
     done
     ;;
   run)
-    target=$2
+    describe "$2"
     seconds=$3
     build=$(cd "${4:-$root/build-fuzz/tests/fuzz}" && pwd)
-    mkdir -p "$build/corpus-$target" "$build/artifacts"
-    cp -n "${seeds[@]}" "$build/corpus-$target/" 2>/dev/null || true
     cd "$root/tests/script/cases"
-    "$build/vesk_fuzz_$target" "$build/corpus-$target" -max_total_time="$seconds" -timeout=10 \
+    mkdir -p "$build/corpus-$2" "$build/artifacts"
+    # Named by content: the role descriptions are all called config.dat.
+    for seed in "${seeds[@]}"; do
+      cp "$seed" "$build/corpus-$2/$(sha1sum <"$seed" | cut -c1-40)"
+    done
+    # A long run shares the machine; a generous timeout keeps a busy moment from passing for a hang.
+    "$build/$binary" "$build/corpus-$2" -max_total_time="$seconds" -timeout=30 -close_fd_mask=1 \
       -rss_limit_mb=2048 -max_len=8192 -print_final_stats=1 -artifact_prefix="$build/artifacts/"
     ;;
   *)
-    sed -n '2,11p' "$0" >&2
+    sed -n '2,14p' "$0" >&2
     exit 2
     ;;
 esac

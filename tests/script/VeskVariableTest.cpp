@@ -48,11 +48,19 @@ TEST(VeskVariable, GetIntegerTruncatesFloatsAndReadsLeadingNumbers) {
         VeskVariable value;
         int expected;
     } cases[] = {
-        {floating(-2.7f), -2}, {floating(2.7f), 2},           {text("12abc"), 12},
-        {text("abc"), 0},      {text("  -7 x"), -7},          {VeskVariable(), 0},
-        {integer(42), 42},     {floating(1e10f), 2147483647}, {floating(-1e10f), -2147483647 - 1},
-        {floating(NAN), 0},    {text("4294967297"), 1},  // read as a long, then wrapped to 32 bits as atoi
-                                                         // does
+        {floating(-2.7f), -2},
+        {floating(2.7f), 2},
+        {text("12abc"), 12},
+        {text("abc"), 0},
+        {text("  -7 x"), -7},
+        {VeskVariable(), 0},
+        {integer(42), 42},
+        {floating(1e10f), 2147483647},
+        {floating(-1e10f), -2147483647 - 1},
+        {floating(2147483648.0f), 2147483647},
+        {floating(NAN), 0},
+        {text("4294967297"), 1},  // read as a long, then wrapped to 32 bits as atoi
+                                  // does
     };
     for (const Case& c : cases) {
         EXPECT_EQ(c.value.getInteger(), c.expected) << c.value.toText();

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <allegro.h>
+
+#include <string>
+#include <unordered_map>
+
+namespace Grevan {
+
+// The pictures of one level, each file loaded once: every piece and gift box that names the same
+// file shows the same bitmap, so memory grows with the distinct pictures, not with the objects.
+// The cache owns the bitmaps; clear() destroys them and so must come after the objects showing
+// them are gone, and before Allegro is.
+class PictureCache {
+  public:
+    PictureCache() = default;
+    ~PictureCache();
+    PictureCache(const PictureCache&) = delete;
+    PictureCache& operator=(const PictureCache&) = delete;
+
+    // The file's picture, loaded on the first request. A file that cannot be loaded gives null
+    // every time, with the message on the first request only.
+    BITMAP* get(const std::string& path);
+    void clear();
+    // Distinct files requested since the last clear, loaded or not.
+    int getCount() const { return static_cast<int>(pictures.size()); }
+
+    // A picture for the caller to own; on failure the message "Failed to load bitmap PATH" and null.
+    static BITMAP* load(const char* path);
+
+  private:
+    std::unordered_map<std::string, BITMAP*> pictures;  // null for a file that could not be loaded
+};
+
+}  // namespace Grevan
