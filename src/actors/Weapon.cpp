@@ -49,6 +49,11 @@ void Weapon::setTarget(int dx, int dy) {
     }
 }
 
+void Weapon::addBullets(int n) {
+    const long long reserve = static_cast<long long>(bulletSpare) + n;
+    bulletSpare = static_cast<int>(std::clamp<long long>(reserve, -kReserveLimit, kReserveLimit));
+}
+
 void Weapon::reduceBullet() {
     bulletCurrent = std::max(0, bulletCurrent - 1);
 }

@@ -30,10 +30,14 @@ class Weapon : public Object {
     // Allegro angle units: 256 a full turn, 0 right, 64 down, 128 left, 192 up.
     int getAngle() const { return angle; }
 
+    static const int kReserveLimit = 1000000000;  // rounds
+
     int getBulletCurrent() const { return bulletCurrent; }
     int getBulletTotal() const { return bulletSpare + bulletCurrent; }
     void reduceBullet();
-    void addBullets(int n) { bulletSpare += n; }
+    // Scripts may hand out absurd counts: the reserve stops at kReserveLimit rounds either way,
+    // so that it and the total with the magazine stay exact.
+    void addBullets(int n);
     int getReloadTime() const { return reloadTime; }
     int getFireDelay() const { return fireDelay; }
     int getMagazineSize() const { return magazineSize; }

@@ -52,6 +52,28 @@ TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) 
     EXPECT_EQ(gun->getBulletTotal(), 45);
 }
 
+TEST_F(WeaponTest, AbsurdRoundCountsStopAtTheReserveLimitEitherWay) {
+    const int limit = Weapon::kReserveLimit;
+    const struct {
+        std::vector<int> handedOut;
+        int total;
+    } cases[] = {
+        {{10, 5}, 15},
+        {{2147483647, 2147483647}, limit},
+        {{limit, 1}, limit},
+        {{-2147483647 - 1, -5}, -limit},
+        {{2147483647, -2147483647 - 1}, -limit},  // the limit less 2^31 lies below -limit
+    };
+    for (const auto& c : cases) {
+        Gun* gun = new Gun(me);
+        me->setWeapon(1, gun);
+        for (int rounds : c.handedOut) {
+            gun->addBullets(rounds);
+        }
+        EXPECT_EQ(gun->getBulletTotal(), c.total) << c.handedOut[0] << ", " << c.handedOut[1];
+    }
+}
+
 TEST_F(WeaponTest, TheLastRoundStartsAReloadOnlyWhenThereIsAReserve) {
     for (int spare : {0, 1, 50}) {
         Pistol* pistol = arm<Pistol>(me, spare);
