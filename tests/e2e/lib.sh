@@ -85,6 +85,13 @@ e2e_begin() {
     done
     [ -s "$displayFile" ] || e2e_fail "Xvfb did not start"
     export DISPLAY=":$(cat "$displayFile")"
+    # On a loaded machine the server may name its display before it takes clients; a game started
+    # then falls back to running without a window.
+    for i in $(seq 1 100); do
+        xdotool getdisplaygeometry >/dev/null 2>&1 && return 0
+        sleep 0.1
+    done
+    e2e_fail "Xvfb on $DISPLAY takes no clients"
 }
 
 # Copies a file of the test into the working directory, at a path relative to it.
