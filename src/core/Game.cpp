@@ -38,6 +38,9 @@ Game::Game(StartMode mode) : startMode(mode) {
     // Without a display the system driver cannot start; the game then runs headless, where
     // setting a video mode fails cleanly and start() reports it.
     if (mode == StartMode::DISPLAY && install_allegro(SYSTEM_AUTODETECT, &errno, atexit) != 0) {
+        const char* display = getenv("DISPLAY");
+        fprintf(stderr, "No window system on display \"%s\": %s\n", display ? display : "",
+                allegro_error[0] ? allegro_error : "it cannot be opened");
         startMode = StartMode::HEADLESS;
     }
     if (startMode == StartMode::DISPLAY) {

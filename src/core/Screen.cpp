@@ -22,6 +22,7 @@ bool Screen::setVideoMode(int w, int h, int bits) {
     set_color_depth(desktop_color_depth());
     if (set_gfx_mode(GFX_AUTODETECT_WINDOWED, w, h, 0, 0) != 0) {
         printf("Failed to set video mode %d*%d*%d\n", w, h, bits);
+        fprintf(stderr, "Allegro: %s\n", allegro_error);
         return false;
     }
     width = w;
