@@ -1,5 +1,8 @@
 #include "core/MapSystem.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace Grevan {
 
 void MapSystem::initialize(int width, int height) {
@@ -35,32 +38,27 @@ void MapSystem::moveClient() {
     }
 }
 
-int MapSystem::placeAxis(int client, int point, int clientSize, int margin) {
-    int offset = point - client;
+int MapSystem::placeAxis(int client, int point, int clientSize, int margin, int levelSize) {
+    // Level sizes come from map files and may be any int, so the sums are taken wide and the
+    // result is brought back into an int.
+    long long placed = client;
+    const long long offset = static_cast<long long>(point) - client;
     if (offset > clientSize - margin) {
-        return point - (clientSize - margin);
+        placed = static_cast<long long>(point) - (clientSize - margin);
+    } else if (offset < margin) {
+        placed = static_cast<long long>(point) - margin;
     }
-    if (offset < margin) {
-        return point - margin;
+    placed = std::max(placed, 0LL);
+    if (placed + clientSize > levelSize) {
+        placed = static_cast<long long>(levelSize) - clientSize;
     }
-    return client;
+    return static_cast<int>(
+        std::clamp<long long>(placed, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 void MapSystem::moveClientTo(int x, int y) {
-    clientX = placeAxis(clientX, x, clientWidth, marginX);
-    clientY = placeAxis(clientY, y, clientHeight, marginY);
-    if (clientX < 0) {
-        clientX = 0;
-    }
-    if (clientY < 0) {
-        clientY = 0;
-    }
-    if (clientX + clientWidth > levelWidth) {
-        clientX = levelWidth - clientWidth;
-    }
-    if (clientY + clientHeight > levelHeight) {
-        clientY = levelHeight - clientHeight;
-    }
+    clientX = placeAxis(clientX, x, clientWidth, marginX, levelWidth);
+    clientY = placeAxis(clientY, y, clientHeight, marginY, levelHeight);
 }
 
 bool MapSystem::inClient(int x, int y) const {

@@ -47,7 +47,8 @@ class MapSystem {
     bool inClient(int x, int y) const;
 
   private:
-    static int placeAxis(int client, int point, int clientSize, int margin);
+    // One axis of moveClientTo: centred on the point, then kept within the level.
+    static int placeAxis(int client, int point, int clientSize, int margin, int levelSize);
 
     BITMAP* backgroundImage = nullptr;  // no operation sets it: the colour is always used
     int clientX = 0;
