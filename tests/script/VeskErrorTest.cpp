@@ -33,18 +33,14 @@ TEST(VeskError, EachFailureReplacesTheLastErrorAndASuccessLeavesIt) {
 TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
     const std::pair<std::string, const char*> cases[] = {
         // CALL and CONST close a block like any word that starts no statement.
-        {inMain("  CALL print(\"x\")\n"), "At line 2 : Missing END FUNCTION : CALL"},
-        {inMain("  CONST Inner = 1\n"), "At line 2 : Missing END FUNCTION : CONST"},
-        {inMain("  print(\"a\"; \"b\")\n"), "At line 2 : Missing ',' before : ;"},
-        // A name used before anything assigns it is read as a call of a function of that name, so
-        // assigning it afterwards conflicts with that function's name.
-        {inMain("  X = Total\n  Total = 1\n"), "At line 0 : Name conflicts against a function name. : TOTAL"},
-        {"FUNCTION Other\nEND FUNCTION\n" + inMain("  Other = 1\n"),
-         "At line 0 : Name conflicts against a function name. : OTHER"},
-        {"CONST Lives = 3\n" + inMain("  Lives = 4\n"),
+        {inMain("CALL print(\"x\")\n"), "At line 2 : Missing END FUNCTION : CALL"},
+        {inMain("CONST Inner = 1\n"), "At line 2 : Missing END FUNCTION : CONST"},
+        {inMain("print(\"a\"; \"b\")\n"), "At line 2 : Missing ',' before : ;"},
+        // A name read before anything assigns it is a call, so assigning it later clashes with it.
+        {inMain("X = Total\nTotal = 1\n"), "At line 0 : Name conflicts against a function name. : TOTAL"},
+        {"CONST Lives = 3\n" + inMain("Lives = 4\n"),
          "At line 3 : Error, trying to assign a new value to a constant : ="},
-        // A constant's name in an expression is a variable reference, so one CONST cannot be
-        // computed from another.
+        // A constant's name in an expression is a variable, so no CONST is computed from another.
         {"CONST Width = 800\nCONST Area = Width * 2\n", "At line 2 : Not a proper constant value : ="},
         {"CONST Speed 3\n", "At line 1 : Syntax error, missing '=' : 3"},
         {"DIM Speed\nCONST Speed = 3\n", "At line 2 : Redefine variable : SPEED"},
@@ -53,35 +49,32 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         {"DIM A B\n", "At line 1 : Syntax error : B"},
         {"CONST Ratio = 10 / (5 - 5)\n", "At line 0 : Division by zero : /"},
         {"CONST Least = (-2147483647 - 1) / -1\n", "At line 0 : Division by zero : /"},
-        {inMain("\n  X = 3 MOD 0\n"), "At line 3 : Division by zero : MOD"},
+        {inMain("\nX = 3 MOD 0\n"), "At line 3 : Division by zero : MOD"},
         // So a bare DO .. LOOP at the end of a function reads END as its condition.
-        {inMain("  DO\n    EXIT DO\n  LOOP\n"), "At line 2 : One or more operands are still in the stack : "},
-        {inMain("  DO WHILE 1\n  LOOP UNTIL 1\n"), "At line 3 : Need a new line at : UNTIL"},
-        {inMain("  DO\n  LOOP FOR\n"),
-         "At line 3 : Syntax error, missing 'WHILE' or 'UNTIL' for 'LOOP' : FOR"},
-        {inMain("  DO WHILE 1\n  WEND\n"), "At line 3 : Syntax error, missing 'LOOP' for 'DO' : WEND"},
-        {inMain("  DO FOR\n  LOOP\n"), "At line 2 : Syntax error, missing 'WHILE' or 'UNTIL' for 'DO' : FOR"},
-        {inMain("  WHILE 1\n  LOOP\n"), "At line 3 : Syntax error, missing 'WEND' for 'WHILE' : LOOP"},
-        {inMain("  IF THEN\n  END IF\n"), "At line 2 : One or more operands are still in the stack : "},
-        {inMain("  A = 1 +\n"), "At line 2 : Syntax error: missing operand for : +"},
+        {inMain("DO\nEXIT DO\nLOOP\n"), "At line 2 : One or more operands are still in the stack : "},
+        {inMain("DO WHILE 1\nLOOP UNTIL 1\n"), "At line 3 : Need a new line at : UNTIL"},
+        {inMain("DO\nLOOP FOR\n"), "At line 3 : Syntax error, missing 'WHILE' or 'UNTIL' for 'LOOP' : FOR"},
+        {inMain("DO WHILE 1\nWEND\n"), "At line 3 : Syntax error, missing 'LOOP' for 'DO' : WEND"},
+        {inMain("DO FOR\nLOOP\n"), "At line 2 : Syntax error, missing 'WHILE' or 'UNTIL' for 'DO' : FOR"},
+        {inMain("WHILE 1\nLOOP\n"), "At line 3 : Syntax error, missing 'WEND' for 'WHILE' : LOOP"},
+        {inMain("IF THEN\nEND IF\n"), "At line 2 : One or more operands are still in the stack : "},
+        {inMain("A = 1 +\n"), "At line 2 : Syntax error: missing operand for : +"},
         // A variable followed by parentheses is two operands in a row: there are no arrays.
-        {inMain("  A = 1\n  B = A(1)\n"), "At line 3 : One or more operands are still in the stack : "},
-        {inMain("  A = 1\n  B = A[1]\n"), "At line 3 : Internal error: failed to determine the operator : ["},
-        // A WHILE condition reports the line of the block it stands in: the function's line at the
-        // top of a function, 0 inside an IF or a loop.
-        {inMain("  IF 1 THEN\n    WHILE 1 +\n    WEND\n  END IF\n"),
-         "At line 0 : Syntax error: missing operand for : +"},
+        {inMain("A = 1\nB = A(1)\n"), "At line 3 : One or more operands are still in the stack : "},
+        {inMain("A = 1\nB = A[1]\n"), "At line 3 : Internal error: failed to determine the operator : ["},
+        // A WHILE condition reports its block's line: 0 inside an IF or a loop.
+        {inMain("IF 1 THEN\nWHILE 1 +\nWEND\nEND IF\n"), "At line 0 : Syntax error: missing operand for : +"},
         // A closing parenthesis the expression did not open ends it, and is left to the statement.
-        {inMain("  A = 1 + 2)\n"), "At line 2 : Error, should be endline or comma : )"},
+        {inMain("A = 1 + 2)\n"), "At line 2 : Error, should be endline or comma : )"},
         // A unary operator before an empty pair of parentheses has no operand (found by the fuzzer).
-        {inMain("  X = -()\n"), "At line 2 : Syntax error: missing operand for : -"},
-        {inMain("  A = (1 + 2\n"), "At line 2 : Syntax error: missing operand for : ("},
-        {inMain("  FOR I 1 TO 3\n  NEXT\n"), "At line 2 : Syntax error, missing '=' : 1"},
-        {inMain("  FOR I = 1 TO 3\n  WEND\n"), "At line 3 : Syntax error, missing 'NEXT' : WEND"},
-        {inMain("  FOR I = 1, 3\n  NEXT\n"), "At line 2 : Syntax error, missing 'TO' : ,"},
+        {inMain("X = -()\n"), "At line 2 : Syntax error: missing operand for : -"},
+        {inMain("A = (1 + 2\n"), "At line 2 : Syntax error: missing operand for : ("},
+        {inMain("FOR I 1 TO 3\nNEXT\n"), "At line 2 : Syntax error, missing '=' : 1"},
+        {inMain("FOR I = 1 TO 3\nWEND\n"), "At line 3 : Syntax error, missing 'NEXT' : WEND"},
+        {inMain("FOR I = 1, 3\nNEXT\n"), "At line 2 : Syntax error, missing 'TO' : ,"},
         // NEXT stands alone on its line.
-        {inMain("  FOR I = 1 TO 3\n  NEXT I\n"), "At line 3 : Need a new line at : I"},
-        {inMain("  FOR I = 1 TO F(2) STEP G(3)\n  NEXT J\n"),
+        {inMain("FOR I = 1 TO 3\nNEXT I\n"), "At line 3 : Need a new line at : I"},
+        {inMain("FOR I = 1 TO F(2) STEP G(3)\nNEXT J\n"),
          "At line 3 : Syntax error, missing 'FOR' for NEXT : J"},
         {"FUNCTION Main\n  X = 1\nEND IF\n", "At line 3 : Missing END FUNCTION : IF"},
         {"FUNCTION Add X, Y\nEND FUNCTION\n", "At line 1 : Syntax error, missing ( : X"},
@@ -90,15 +83,13 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         {"FUNCTION Add(X, 2)\nEND FUNCTION\n", "At line 1 : Syntax error, unknown word : 2"},
         {inMain("") + inMain(""), "At line 3 : Function redefined : MAIN"},
         {"FUNCTION Print(X)\nEND FUNCTION\n", "At line 1 : Function redefined : PRINT"},
-        {"FUNCTION Main\n  IF 1 THEN\n    print(\"x\")\n  END FUNCTION\n",
-         "At line 4 : Syntax error, missing END IF : FUNCTION"},
-        {inMain("  IF 1 THEN print(\"no single-line IF\")\n"), "At line 2 : Need a new line at : PRINT"},
-        {inMain("  X = 1\n  SELECT CASE 1\n  CASE X\n  END SELECT\n"),
+        {"FUNCTION Main\nIF 1 THEN\nEND FUNCTION\n", "At line 3 : Syntax error, missing END IF : FUNCTION"},
+        {inMain("IF 1 THEN print(\"no single-line IF\")\n"), "At line 2 : Need a new line at : PRINT"},
+        {inMain("X = 1\nSELECT CASE 1\nCASE X\nEND SELECT\n"),
          "At line 3 : Error: case value should be a constant : "},
-        {inMain("  SELECT CASE 1\n  print(\"x\")\n  END SELECT\n"),
-         "At line 3 : Syntax error, missing 'CASE' : PRINT"},
-        {inMain("  SELECT 1\n  END SELECT\n"), "At line 2 : Syntax error, missing 'CASE' for 'SELECT' : 1"},
-        {inMain("  SELECT CASE 1\n  END IF\n"), "At line 3 : Syntax error, missing 'SELECT' for 'END' : IF"},
+        {inMain("SELECT CASE 1\nX = 1\nEND SELECT\n"), "At line 3 : Syntax error, missing 'CASE' : X"},
+        {inMain("SELECT 1\nEND SELECT\n"), "At line 2 : Syntax error, missing 'CASE' for 'SELECT' : 1"},
+        {inMain("SELECT CASE 1\nEND IF\n"), "At line 3 : Syntax error, missing 'SELECT' for 'END' : IF"},
         {"\nIMPORT lib.broken\n",
          "At line 2 : Failed to include the file lib/broken.fb : At line 2 : Syntax error, missing THEN : "
          "\n"},
@@ -113,29 +104,26 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         // Importing a file twice defines its functions and globals twice.
         {"IMPORT lib.util\nIMPORT lib.util\n",
          "At line 2 : Failed to include the file lib/util.fb : At line 2 : Redim variable : SHARED"},
-        {inMain("  LET 1 = 2\n"), "At line 2 : Syntax error, not a valid name : 1"},
+        {inMain("LET 1 = 2\n"), "At line 2 : Syntax error, not a valid name : 1"},
         // CR LF, and a lone CR, end a line (and a comment) each.
-        {"FUNCTION Main ' comment\r\n  print(\"crlf\\n\")\r\n  X = )\r\nEND FUNCTION\r\n",
+        {"FUNCTION Main ' comment\r\n\r\nX = )\r\n",
          "At line 3 : One or more operands are still in the stack : "},
-        {"FUNCTION Main\r  print(\"lone cr\\n\")\r  X = )\rEND FUNCTION\r",
-         "At line 3 : One or more operands are still in the stack : "},
+        {"FUNCTION Main\r\rX = )\r", "At line 3 : One or more operands are still in the stack : "},
         // The last word of a file without a final line end is lost.
         {"FUNCTION Main\nEND FUNCTION", "At line 0 : Syntax not finished : "},
         // An underscore ends a name: MY_VAR is MY, _ and VAR, so this is a call of MY.
-        {inMain("  MY_VAR = 1\n"), "Function not implemented : MY"},
+        {inMain("MY_VAR = 1\n"), "Function not implemented : MY"},
         // A string may span lines; the lines after it are numbered low by as many lines.
-        {inMain("  print(\"first\nsecond\", \"\\n\")\n  X = )\n"),
-         "At line 3 : One or more operands are still in the stack : "},
-        {inMain("\n  print(\"never closed)\n"), "At line 3 : Unclosed string. : missing \""},
+        {inMain("print(\"a\nb\")\nX = )\n"), "At line 3 : One or more operands are still in the stack : "},
+        {inMain("\nprint(\"never closed)\n"), "At line 3 : Unclosed string. : missing \""},
         {"DIM A\nprint(\"statements belong in functions\")\n", "At line 2 : unknown word : PRINT"},
         // Errors in the second statement of a line report line 0.
-        {inMain("  A = 1, B = )\n"), "At line 0 : One or more operands are still in the stack : "},
+        {inMain("A = 1, B = )\n"), "At line 0 : One or more operands are still in the stack : "},
         // A colon is a token of its own that no statement uses.
-        {inMain("  A = 1 : B = 2\n"), "At line 2 : Error, should be endline or comma : :"},
-        {inMain("  A = 1, 2\n"), "At line 2 : Error, should be symbol after comma : 2"},
-        // Without a comma, B below is not yet a variable, so it is read as a call whose argument is
-        // = 2, and the value has two operands.
-        {inMain("  A = 1 B = 2\n"), "At line 2 : One or more operands are still in the stack : "},
+        {inMain("A = 1 : B = 2\n"), "At line 2 : Error, should be endline or comma : :"},
+        {inMain("A = 1, 2\n"), "At line 2 : Error, should be symbol after comma : 2"},
+        // Without a comma, B is a call whose argument is = 2, and the value has two operands.
+        {inMain("A = 1 B = 2\n"), "At line 2 : One or more operands are still in the stack : "},
     };  // the script, the error it is refused with
     for (const auto& [text, error] : cases) {
         VeskScript script;
