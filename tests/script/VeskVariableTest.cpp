@@ -38,13 +38,6 @@ TEST(VeskVariable, GetIntegerTruncatesSaturatesAndReadsLeadingNumbers) {
     }
 }
 
-// The text getString caches leaves the type as it was.
-TEST(VeskVariable, GetStringKeepsTheType) {
-    VeskVariable number = floating(-0.25f);
-    EXPECT_EQ(number.getString(), "-0.250000");
-    EXPECT_EQ(number.type, VeskVariable::TypeFloat);
-}
-
 // Deliberate: the interpreter moves whole values around, so a copy carries the flags and the slot.
 TEST(VeskVariable, CopiesCarryConstnessScopeAndSlot) {
     VeskVariable constant = text("pear");
