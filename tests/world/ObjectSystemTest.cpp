@@ -9,6 +9,7 @@
 #include "support/TestSupport.h"
 
 using Grevan::Object;
+using Grevan::RealBody;
 using GrevanTest::Cells;
 
 namespace {
@@ -106,6 +107,24 @@ TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAnd
     runner->setVelocity(Vector(0, 150));
     objects().moveObjects();
     EXPECT_EQ(cellsHolding(runner), (Cells{{1, 0}}));
+}
+
+TEST_F(ObjectSystemTest, ABodyKeepsItsRidersWhileItMeetsSomethingAndLetsGoOnceItMovesClear) {
+    objects().addObject(new Probe(190, 0, 20, 200));
+    RealBody* lift = GrevanTest::makeBody(150, 100, 30, 10);
+    lift->setFree(false);  // neither free nor on a board: no gravity
+    RealBody* rider = GrevanTest::makeBody(150, 81, 20, 20);
+    for (RealBody* body : {lift, rider}) {
+        objects().addObject(body);
+    }
+    rider->handleCollision(Grevan::SIDE_BOTTOM, lift);
+    lift->setVelocity(Vector(15, 0));
+    objects().moveObjects();
+    EXPECT_EQ(lift->getRiders(), std::vector<RealBody*>{rider}) << "it ran into the wall";
+    lift->setVelocity(Vector(0, 20));
+    objects().moveObjects();
+    EXPECT_TRUE(lift->getRiders().empty());
+    EXPECT_TRUE(rider->isFree());
 }
 
 }  // namespace
