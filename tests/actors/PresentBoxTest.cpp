@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "actors/AIPlayer.h"
 #include "support/CombatScene.h"
 
 using Grevan::Player;
@@ -54,11 +53,8 @@ TEST_F(GiftBoxes, TheMainPlayerTouchingABoxRaisesOneOnPresentStopsAndTheBoxGoes)
 }
 
 TEST_F(GiftBoxes, NobodyElseCollectsABoxNorIsStoppedByItAndWithoutAMainPlayerNobodyDoes) {
-    auto* opponent = new Grevan::AIPlayer("opponent", "raider");
-    standOnFloor(opponent, 600);
-    opponent->setControlMode(true);
-    const std::pair<Player*, Player*> cases[] = {
-        {addStandingPlayer(400), me}, {opponent, me}, {me, nullptr}};  // the walker, the main player
+    // The walker and the main player.
+    const std::pair<Player*, Player*> cases[] = {{addStandingPlayer(400), me}, {me, nullptr}};
     for (auto [walker, mainPlayer] : cases) {
         game->setMainPlayer(mainPlayer);
         EXPECT_EQ(walkIntoABox(walker), nullptr) << walker->getX();
