@@ -78,10 +78,15 @@ TEST_F(BlockSystemTest, NeighboursAreOfferedOncePerSharedCellInOrderAndMayNotCha
     EXPECT_EQ(cellsHolding(leftCell), (Cells{{0, 0}}));
 }
 
-TEST_F(BlockSystemTest, BlockMapHoldsOutlinesOnlyAndRemovalLeavesGaps) {
+TEST_F(BlockSystemTest, OutlinesOnlyRemovalLeavesGapsAndNothingIsFoundBeforeALevelNorKeptIntoTheNext) {
+    Object* box = added(10, 10, 20, 10);  // before the first level: there is no grid and no block map
+    int hit = 0;
+    EXPECT_EQ(blocks().getObjectByPosition(15, 15), nullptr);
+    EXPECT_FALSE(blocks().checkCollision(box));
+    EXPECT_FALSE(blocks().checkLineCollision(0, 0, 0, 50, 50, &hit, &hit));
     blocks().initialize(400, 300);
+    blocks().addObject(box);
     const int white = makecol(255, 255, 255);
-    added(10, 10, 20, 10);
     blocks().removeObject(added(20, 5, 20, 20));
     const std::tuple<int, int, int> cases[] = {
         {10, 10, white}, {29, 19, white},  // the corners
@@ -93,6 +98,9 @@ TEST_F(BlockSystemTest, BlockMapHoldsOutlinesOnlyAndRemovalLeavesGaps) {
     for (auto [x, y, colour] : cases) {
         EXPECT_EQ(pixel(x, y), colour) << x << ", " << y;
     }
+    blocks().initialize(400, 300);
+    EXPECT_TRUE(cellsHolding(box).empty());
+    EXPECT_EQ(pixel(10, 10), 0);
 }
 
 TEST_F(BlockSystemTest, PointQuerySearchesOnlyThePointsCellWithInclusiveEdges) {
@@ -137,19 +145,6 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
         EXPECT_EQ(hitX, c.hitX);
         EXPECT_EQ(hitY, c.hitY);
     }
-}
-
-TEST_F(BlockSystemTest, QueriesFindNothingBeforeTheFirstLevelAndAfterInitializingAgain) {
-    Object* box = added(10, 10, 20, 20);
-    int hit = 0;
-    EXPECT_EQ(blocks().getObjectByPosition(15, 15), nullptr);
-    EXPECT_FALSE(blocks().checkCollision(box));
-    EXPECT_FALSE(blocks().checkLineCollision(0, 0, 0, 50, 50, &hit, &hit));
-    blocks().initialize(400, 300);
-    blocks().addObject(box);
-    blocks().initialize(400, 300);
-    EXPECT_TRUE(cellsHolding(box).empty());
-    EXPECT_EQ(pixel(10, 10), 0);
 }
 
 }  // namespace
