@@ -53,7 +53,7 @@ TEST_F(SpeechBubble, LinesAndSizesFollowTheLineFeedsAndTheWidestLine) {
     }
 }
 
-TEST_F(SpeechBubble, OpensToTheLeftOfThePointWhenItWouldLeaveTheViewOnTheRight) {
+TEST_F(SpeechBubble, StandsOnThePointAndOpensToTheLeftWhenItWouldLeaveTheViewOnTheRight) {
     struct Case {
         int cameraX;
         int pointX;
@@ -67,6 +67,9 @@ TEST_F(SpeechBubble, OpensToTheLeftOfThePointWhenItWouldLeaveTheViewOnTheRight) 
         EXPECT_EQ(bubble.getX(), c.opensLeft ? c.pointX - 76 : c.pointX) << c.pointX << " from " << c.cameraX;
         EXPECT_EQ(bubble.getY(), 300 - bubble.getHeight());
     }
+    // Every setText lifts the bubble by its height again.
+    bubble.setText("Hello");
+    EXPECT_EQ(bubble.getY(), 300 - 2 * bubble.getHeight());
 }
 
 TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
@@ -96,42 +99,24 @@ TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
     EXPECT_EQ(getpixel(buffer, bubble.getX() + 10 - 50, bubble.getY() + 10 - 20), blended);
 }
 
-TEST_F(SpeechBubble, HideCutsABubbleShortOnlyAfterItsFirst30Frames) {
-    struct Case {
-        int framesShown;
-        bool visibleAfterHide;
-    } cases[] = {{0, true}, {1, true}, {29, true}, {30, false}, {200, false}};
+TEST_F(SpeechBubble, TimesOutAfter300FramesOrTheDelayGivenAndHideCutsItShortOnlyAfter30) {
     bubble.setPosition(100, 300).setText("Hello");
-    for (const Case& c : cases) {
-        showFor(c.framesShown);
-        bubble.hide();
-        EXPECT_EQ(bubble.isVisible(), c.visibleAfterHide) << c.framesShown;
+    for (int delay : {300, 5}) {
+        showFor(delay);
+        EXPECT_TRUE(bubble.isVisible()) << "shown for the whole " << delay << " frames";
+        bubble.move();
+        EXPECT_FALSE(bubble.isVisible());
+        bubble.move();
+        EXPECT_FALSE(bubble.isVisible()) << "a hidden bubble stays hidden";
+        bubble.setDelay(5);
     }
-}
-
-TEST_F(SpeechBubble, TimesOutAfter300FramesOrTheDelayGiven) {
-    bubble.setPosition(100, 300).setText("Hello");
-    showFor(300);
-    EXPECT_TRUE(bubble.isVisible()) << "shown for the whole 300 frames";
-    bubble.move();
-    EXPECT_FALSE(bubble.isVisible());
-    bubble.setDelay(5);
-    showFor(5);
-    EXPECT_TRUE(bubble.isVisible());
-    bubble.move();
-    EXPECT_FALSE(bubble.isVisible());
-    bubble.move();
-    EXPECT_FALSE(bubble.isVisible()) << "a hidden bubble stays hidden";
-}
-
-TEST_F(SpeechBubble, EverySetTextLiftsTheBubbleByItsHeight) {
-    bubble.setPosition(100, 300).setText("Hello");
-    int height = bubble.getHeight();
-    EXPECT_EQ(bubble.getY(), 300 - height);
-    bubble.setText("Hello");
-    EXPECT_EQ(bubble.getY(), 300 - 2 * height);
-    bubble.setPosition(100, 300).setText("Hello\nagain");
-    EXPECT_EQ(bubble.getY(), 300 - bubble.getHeight());
+    bubble.setDelay(300);
+    const std::pair<int, bool> cases[] = {{0, true}, {1, true}, {29, true}, {30, false}, {200, false}};
+    for (auto [framesShown, visibleAfterHide] : cases) {
+        showFor(framesShown);
+        bubble.hide();
+        EXPECT_EQ(bubble.isVisible(), visibleAfterHide) << framesShown;
+    }
 }
 
 TEST_F(SpeechBubble, DrawingWhileAnotherThreadSetsTextNeverTouchesAFreedBitmap) {
