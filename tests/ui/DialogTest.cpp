@@ -49,7 +49,6 @@ TEST_F(SpeechBubble, LinesAndSizesFollowTheLineFeedsAndTheWidestLine) {
         EXPECT_EQ(bubble.getLines(), c.lines) << c.text;
         EXPECT_EQ(bubble.getWidth(), c.width) << c.text;
         EXPECT_EQ(bubble.getHeight(), static_cast<int>(c.lines.size()) * lineHeight + 28) << c.text;
-        EXPECT_EQ(bubble.getText(), c.text);
     }
 }
 
