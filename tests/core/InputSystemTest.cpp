@@ -85,8 +85,10 @@ TEST_F(Input, EveryKeyAndButtonHeldForFramesQueuesOnePressAndOneReleaseForTheMai
     EXPECT_EQ(queued(), "") << "nothing without a main player";
 }
 
-TEST_F(Input, MouseMotionCarriesThePositionAndMovesTheSightAndTheAim) {
+TEST_F(Input, MouseMotionMovesTheSightAndTheAimAndFireActsAtTheSightWhichAHeldTriggerFollows) {
     map().moveClientTo(900, 0);  // the camera's corner moves off the level's left end
+    const int clientX = map().getClientX();
+    const int clientY = map().getClientY();
     mouse_x = 300;
     mouse_y = 200;
     input().doInput();
@@ -96,8 +98,18 @@ TEST_F(Input, MouseMotionCarriesThePositionAndMovesTheSightAndTheAim) {
     EXPECT_EQ(queued(), "15- ") << "a mouse at rest sends nothing";
     events().handleEvents();
     EXPECT_EQ(game->getAimSystem().getX(), 300);
-    EXPECT_EQ(me->getAimX(), 300 + map().getClientX());
-    EXPECT_EQ(me->getAimY(), 200 + map().getClientY());
+    EXPECT_EQ(me->getAimX(), 300 + clientX);
+    EXPECT_EQ(me->getAimY(), 200 + clientY);
+    act(ACTION_FIRE, true);
+    EXPECT_TRUE(me->isFiring());
+    EXPECT_EQ(me->getFireX(), 300 + clientX);
+    EXPECT_EQ(me->getFireY(), 200 + clientY);
+    act(ACTION_MOUSE_MOVE, false, (400 << 16) | 70);
+    EXPECT_EQ(me->getFireX(), 400 + clientX) << "the held trigger follows the sight";
+    act(ACTION_FIRE, false);
+    EXPECT_FALSE(me->isFiring());
+    act(ACTION_MOUSE_MOVE, false, (10 << 16) | 10);
+    EXPECT_EQ(me->getFireX(), 400 + clientX) << "a released trigger stays";
 }
 
 TEST_F(Input, OnlyTheNewestEventOfAFrameActsAndTheQueueEmpties) {
@@ -133,22 +145,6 @@ TEST_F(Input, SlotKeysReloadAndUnknownActionsActOnPressAndOnRelease) {
         act(ACTION_KEY_Q, true);
     });
     EXPECT_EQ(printed, "Unknown action 13\nUnknown action 14\n");
-}
-
-TEST_F(Input, FireActsAtTheSightInTheWorldAndAHeldTriggerFollowsIt) {
-    map().moveClientTo(900, 0);
-    const int clientX = map().getClientX();
-    act(ACTION_MOUSE_MOVE, false, (100 << 16) | 50);
-    act(ACTION_FIRE, true);
-    EXPECT_TRUE(me->isFiring());
-    EXPECT_EQ(me->getFireX(), 100 + clientX);
-    EXPECT_EQ(me->getFireY(), 50 + map().getClientY());
-    act(ACTION_MOUSE_MOVE, false, (400 << 16) | 70);
-    EXPECT_EQ(me->getFireX(), 400 + clientX) << "the held trigger follows the sight";
-    act(ACTION_FIRE, false);
-    EXPECT_FALSE(me->isFiring());
-    act(ACTION_MOUSE_MOVE, false, (10 << 16) | 10);
-    EXPECT_EQ(me->getFireX(), 400 + clientX) << "a released trigger stays";
 }
 
 TEST_F(Input, LockedControlDropsEventsButTheKeysStillTrackReleases) {
