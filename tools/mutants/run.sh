@@ -28,7 +28,7 @@ caughtBy() {
 }
 
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGREVAN_BENCH=OFF >/dev/null
-cmake --build build -j2 --target grevan_tests vesk_tests vesk >/dev/null 2>&1 || { echo "the unmutated build fails"; exit 1; }
+cmake --build build -j2 --target grevan_tests vesk_tests vesk mapview >/dev/null 2>&1 || { echo "the unmutated build fails"; exit 1; }
 if caughtBy src/script/ || caughtBy src/; then
     echo "the unmutated tests fail"
     exit 1
