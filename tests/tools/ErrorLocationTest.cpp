@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,35 +25,6 @@ TEST(ErrorLocation, ScriptErrorsNameTheFileTheyAreIn) {
     };
     for (const auto& [error, located] : cases) {
         EXPECT_EQ(locateScriptError("main.fb", error), located) << error;
-    }
-}
-
-TEST(ErrorLocation, RuntimeErrorsNameTheFileDefiningTheFunction) {
-    const std::string folder = ::testing::TempDir();
-    const std::string main = folder + "/located_main.fb";
-    const std::string library = folder + "/located_lib.fb";
-    std::ostringstream ignored;
-    ScriptLinter linter(ignored);
-    {
-        std::FILE* file = std::fopen(library.c_str(), "w");
-        std::fputs("FUNCTION Helper\nEND FUNCTION\n", file);
-        std::fclose(file);
-    }
-    {
-        std::FILE* file = std::fopen(main.c_str(), "w");
-        std::fprintf(file, "IMPORT \"%s\"\nFUNCTION Main\nEND FUNCTION\n",
-                     library.substr(0, library.size() - 3).c_str());
-        std::fclose(file);
-    }
-    linter.lint(main);
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"At line 2 : HELPER: Division by zero : /", library + ":2: error: HELPER: Division by zero : /"},
-        {"At line 3 : MAIN: Division by zero : /", main + ":3: error: MAIN: Division by zero : /"},
-        {"At line 0 : OTHER: Function not found : OTHER",
-         main + ": error: OTHER: Function not found : OTHER"},
-    };
-    for (const auto& [error, located] : cases) {
-        EXPECT_EQ(locateRuntimeError(linter, main, error), located) << error;
     }
 }
 
