@@ -1,19 +1,9 @@
 #!/usr/bin/env bash
 # End-to-end helper: runs the real game in a private Xvfb server and a temporary working
 # directory made from data/ plus the test's own files, drives it with xdotool, takes
-# screenshots with xwd and ImageMagick, and stops it with a timeout.
-#
-# Usage in a test script:
-#   source "$(dirname "$0")/lib.sh"
-#   e2e_begin                      # Xvfb up, working directory ready
-#   e2e_add_file script/main.fb "$here/files/main.fb"   # optional extra files
-#   e2e_add_field; e2e_add_script <<'EOF' ... EOF        # or the field level and a script
-#   e2e_start                      # the game runs
-#   e2e_wait_for_line "Starting Grevan ..."
-#   e2e_wait_for_window "Collision Test"
-#   e2e_key Escape
-#   e2e_wait_for_exit 5; [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS"
-#   e2e_pass
+# screenshots with xwd and ImageMagick, and stops it with a timeout. A test calls e2e_begin, adds
+# its files (e2e_add_field, e2e_add_script), calls e2e_start, drives and checks the game (e2e_quit
+# ends it with Escape) and calls e2e_pass; e2e_fail shows the game's output.
 #
 # Environment (set by ctest): GREVAN_BIN, GREVAN_DATA, GREVAN_E2E_OUT (screenshots and logs).
 set -uo pipefail
@@ -56,6 +46,7 @@ e2e_cleanup() {
         cp "$E2E_WORK"/stdout.log "$E2E_WORK"/stderr.log "$E2E_OUT"/ 2>/dev/null
         rm -rf "$E2E_WORK"
     fi
+    E2E_WORK="" E2E_PID="" E2E_XVFB_PID=""
 }
 trap e2e_cleanup EXIT
 
@@ -103,12 +94,6 @@ e2e_start_xvfb() {
     e2e_fail "Xvfb on $DISPLAY takes no clients"
 }
 
-# Copies a file of the test into the working directory, at a path relative to it.
-e2e_add_file() {
-    mkdir -p "$(dirname "$E2E_WORK/$1")"
-    cp "$2" "$E2E_WORK/$1"
-}
-
 # Writes standard input as the game's main script, script/main.fb.
 e2e_add_script() {
     mkdir -p "$E2E_WORK/script"
@@ -117,11 +102,7 @@ e2e_add_script() {
 
 # Adds the small level most tests play on, as maps/field.map: 1600 x 600, a floor whose top is
 # at y 520, a crate at its right end.
-e2e_add_field() {
-    e2e_add_file maps/field.map "$(dirname "${BASH_SOURCE[0]}")/files/field.map"
-}
-
-e2e_remove_file() { rm -f "$E2E_WORK/$1"; }
+e2e_add_field() { cp "$(dirname "${BASH_SOURCE[0]}")/files/field.map" "$E2E_WORK/maps/"; }
 
 e2e_start() {
     (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) &
@@ -177,8 +158,12 @@ e2e_key() {
         xdotool keydown "$name" sleep 0.15 keyup "$name"
     done
 }
-e2e_key_down() { xdotool keydown "$1"; }
-e2e_key_up() { xdotool keyup "$1"; }
+# Holds a key for some seconds.
+e2e_hold() {
+    xdotool keydown "$1"
+    sleep "$2"
+    xdotool keyup "$1"
+}
 # Moves the pointer to a point of the game window.
 e2e_mouse_move() { xdotool mousemove --window "$E2E_WINDOW" "$1" "$2"; }
 # Holds the button for 0.1 s: the game reads the buttons once a frame and sees no click that
@@ -191,13 +176,8 @@ e2e_click() {
 
 # Takes a screenshot of the game window; prints the PNG's path.
 e2e_screenshot() {
-    local name=$1 shot="$E2E_OUT/$1.png"
-    local geometry
-    geometry=$(xdotool getwindowgeometry --shell "$E2E_WINDOW") || e2e_fail "no window geometry"
-    local X Y WIDTH HEIGHT
-    eval "$(echo "$geometry" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"
-    xwd -root -silent | /usr/bin/convert xwd:- -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" +repage "$shot" \
-        || e2e_fail "screenshot $name failed"
+    local shot="$E2E_OUT/$1.png"
+    xwd -id "$E2E_WINDOW" -silent | /usr/bin/convert xwd:- "$shot" || e2e_fail "screenshot $1 failed"
     echo "$shot"
 }
 
@@ -221,13 +201,21 @@ e2e_wait_for_exit() {
     e2e_fail "the game did not end within ${seconds}s"
 }
 
+# Creates the file NAME in the game's working directory, where a script that runs
+# system("until [ -e NAME ]; do sleep 0.05; done") waits for the test to play its part of a stage.
+e2e_stage_done() { touch "$E2E_WORK/$1"; }
+
+# Presses Escape and fails unless the game then ends with status 0 within the seconds given.
+e2e_quit() {
+    e2e_key Escape
+    e2e_wait_for_exit "${1:-2}"
+    [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS after Escape"
+}
+
 e2e_stdout() { cat "$E2E_WORK/stdout.log"; }
 
 # Prints the last line of standard output that starts with the text.
 e2e_last_line() { grep -- "^$1" "$E2E_WORK/stdout.log" | tail -n 1; }
-
-# Prints the number of lines on standard output so far.
-e2e_line_count() { wc -l <"$E2E_WORK/stdout.log"; }
 
 # Fails when the game has reported a broken script (also a failed event function, reported as
 # "FUNCTION(LINE): error : detail") or a missing file on standard output.

@@ -1,102 +1,185 @@
 #!/usr/bin/env bash
-# A whole scene with both threads busy: the script adds players and gift boxes, arms them, makes
-# them walk and fire, speaks, fades and shows the robot, while the main loop runs, raises "OnKill"
-# and "OnPresent" and the keyboard and mouse drive the main player. The sanitizer builds run
-# this too: any report on standard error fails it, as does a wrong ending.
+# A whole scene on the field, played with real keys and the mouse while the script keeps the other
+# thread busy; the sanitizer builds play it too, and any report on standard error fails it. D does
+# nothing while the script has locked control; then D walks the hero into a gift box, A walks him
+# back and W makes him jump and land; a click closes a speech bubble and is not fired at the decoy
+# that the loaded gun aims at; a guard walks up and fires at the hero while the user aims, reloads
+# and changes weapons. After Main, key 1 takes the gun and the held left button kills the guard:
+# "OnKill" gets its id. "OnPresent", which takes fewer than the event's three values, fails for
+# each of the two boxes with a line naming it, and the game goes on.
 source "$(dirname "$0")/lib.sh"
 
 e2e_begin
 e2e_add_field
 e2e_add_script <<'EOF_SCRIPT'
+DIM Hero
+
 FUNCTION Main()
   loadMap("maps/field.map")
-  Hero = addPlayer(0, 65280, "soldier", "Hero", 200, 460)
+  Hero = addPlayer(0, 65280, "soldier", "Hero", 300, 460)
   showObject(Hero)
   setPlayerHealth(Hero, 1000000)
-  addPlayerWeapon(Hero, 2, 300)
   addPlayerWeapon(Hero, 1, 40)
+  addPlayerWeapon(Hero, 2, 300)
   addPlayerWeapon(Hero, 3, 3)
   switchWeapon(Hero, 2)
-  Guard = addPlayer(1, 255, "raider", "Guard", 700, 460)
-  showObject(Guard)
-  setPlayerAIMode(Guard, 1)
-  addPlayerWeapon(Guard, 1, 40)
-  switchWeapon(Guard, 1)
-  Rover = addPlayer(1, 16711680, "raider", "Rover", 560, 460)
-  showObject(Rover)
-  addPlayerWeapon(Rover, 2, 100)
-  switchWeapon(Rover, 2)
-  addPresent("ammo", 330, 380)
-  addHiddenPresent(120, 470, 20, 20)
+  ' The gun's first magazine loads while the stages go on.
+  playerDoFire(Hero, 0, 0)
+  Decoy = AddOpponent(60)
+  Guard = AddOpponent(1000)
+  addPlayerWeapon(Guard, 2, 100)
+  switchWeapon(Guard, 2)
+  addPresent("ammo", 380, 380)
   fadeIn()
-  showRobot(1)
+  lockControl(1)
+  Stage("locked")
   lockControl(0)
-  print("scene\n")
+  Stage("unlocked")
+  AwaitWalk(1)
+  Stage("walked")
+  AwaitWalk(0 - 1)
+  Stage("back")
+  AwaitJump()
+  print("decoy ", playerX(Decoy), " ", playerY(Decoy), "\n")
+  Stage("landed")
+  say(Hero, "Click to close this bubble")
+  print("said\n")
+  switchWeapon(Hero, 0)
+  showRobot(1)
   robotSay("Walk, jump and shoot")
-  say(Hero, "Ready")
   playerDoMove(Guard, 620, 0)
   waitForPlayerAction(Guard)
-  setPlayerHealth(Guard, 1)
   FOR I = 1 TO 60
-    IF playerX(Guard) > 0 THEN
-      playerDoAim(Guard, playerX(Hero), playerY(Hero))
-      playerDoFire(Guard, playerX(Hero), playerY(Hero) - 10)
-      playerDoFire(Hero, playerX(Guard), playerY(Guard) - 10)
-    END IF
+    playerDoAim(Guard, playerX(Hero), playerY(Hero))
+    playerDoFire(Guard, playerX(Hero), playerY(Hero) - 10)
     delay(50)
   NEXT
+  playerDoStop(Guard)
   fadeOut()
   fadeIn()
   showRobot(0)
-  print("main done\n")
+  ' A hidden box that drops onto the hero.
+  addHiddenPresent(playerX(Hero) - 16, playerY(Hero) - 44, 32, 20)
+  print("guard ", Guard, " ", playerX(Guard), " ", playerY(Guard), "\n")
+END FUNCTION
+
+' An opponent that one bullet kills, standing still.
+FUNCTION AddOpponent(X)
+  AddOpponent = addPlayer(1, 16711680, "raider", "Raider", X, 460)
+  showObject(AddOpponent)
+  setPlayerAIMode(AddOpponent, 1)
+  setPlayerHealth(AddOpponent, 1)
+END FUNCTION
+
+' Prints the stage's name and where the hero is, then waits until the test has played its part.
+FUNCTION Stage(Name)
+  print(Name, " ", playerX(Hero), " ", playerY(Hero), "\n")
+  system("until [ -e " + Name + " ]; do sleep 0.05; done")
+END FUNCTION
+
+' Returns once the hero has walked more than 30 pixels to the right (Way 1) or the left (Way -1).
+FUNCTION AwaitWalk(Way)
+  DIM Start
+  Start = playerX(Hero)
+  DO WHILE ((playerX(Hero) - Start) * Way) <= 30
+    delay(20)
+  LOOP
+END FUNCTION
+
+' Returns once the hero has risen more than 10 pixels and come down to where he stood.
+FUNCTION AwaitJump()
+  DIM Standing
+  Standing = playerY(Hero)
+  DO WHILE playerY(Hero) >= (Standing - 10)
+    delay(20)
+  LOOP
+  DO WHILE playerY(Hero) <> Standing
+    delay(20)
+  LOOP
 END FUNCTION
 
 FUNCTION OnKill(Id, X, Y)
-  print("kill ", Id, "\n")
+  print("killed ", Id, "\n")
   die(Id)
 END FUNCTION
 
-FUNCTION OnPresent(Id, X, Y)
-  print("present ", Id, " ", X, " ", Y, "\n")
-  lockControl(1)
-  lockControl(0)
+FUNCTION OnPresent(Id)
+  print("present ", Id, "\n")
 END FUNCTION
 EOF_SCRIPT
-e2e_start
-e2e_wait_for_window "Collision Test" 30
-e2e_wait_for_line "scene" 60
 
-# Close the two bubbles with clicks, moving the mouse in between.
-for point in "300 300" "400 200"; do
-    sleep 1.5
-    e2e_mouse_move $point
-    e2e_click 1
-done
-# Walk right into the gift box, back left into the hidden one, jump, and fire at the guard.
-e2e_key_down d
+# Aims at a point of the window. The camera stands at the level's top left corner, so screen and
+# world points coincide. The game puts the pointer back on its sight every frame, and a frame acts
+# on its newest input only: the pointer moves twice, each time for a frame of its own.
+aim_at() {
+    e2e_mouse_move $(($1 + 1)) "$2"
+    sleep 0.2
+    e2e_mouse_move "$1" "$2"
+    sleep 0.2
+}
+# Holds the key until the script has seen the hero move and prints the next stage, and then for
+# the seconds given.
+hold_until() {
+    xdotool keydown "$1"
+    e2e_wait_for_line "$2 " 20
+    sleep "${3:-0}"
+    xdotool keyup "$1"
+}
+
+e2e_start
+e2e_wait_for_line "Starting Grevan ..." 30
+e2e_wait_for_window "Collision Test" 30
+e2e_wait_for_line "locked " 60
+e2e_hold d 1
+e2e_stage_done locked
+e2e_wait_for_line "unlocked " 30
+[ "$(e2e_last_line unlocked | cut -d' ' -f2-)" = "$(e2e_last_line locked | cut -d' ' -f2-)" ] \
+    || e2e_fail "D moved the hero while control was locked"
+e2e_stage_done unlocked
+# On into the gift box, which stops him.
+hold_until d walked 1
+sleep 0.5
+e2e_stage_done walked
+hold_until a back
+sleep 0.5
+e2e_stage_done back
+e2e_hold w 0.3
+e2e_wait_for_line "landed " 20
+
+read -r _ x y <<<"$(e2e_last_line "decoy ")"
+aim_at "$x" $((y - 14))
+e2e_stage_done landed
+sleep 1
+e2e_click
+# Unclosed, the bubble would stay some four seconds.
+e2e_wait_for_line "said" 2
+# The robot's bubble, while the guard walks up and fires.
 sleep 1.5
-e2e_key_up d
-e2e_key_down a
-sleep 2
-e2e_key w
-e2e_key_up a
-e2e_key 1
-e2e_mouse_move 640 480
-xdotool mousedown 1
+e2e_mouse_move 400 200
+e2e_click
 for x in 620 640 660 640; do
     sleep 0.3
     e2e_mouse_move "$x" 485
 done
-xdotool mouseup 1
-e2e_key r
-e2e_key 2
+e2e_key r 2
 
-e2e_wait_for_line "main done" 60
-e2e_wait_for_line "kill " 10
-e2e_wait_for_line "present " 10
-e2e_key Escape
-e2e_wait_for_exit 20
-[ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS"
+e2e_wait_for_line "guard " 60
+read -r _ guard x y <<<"$(e2e_last_line "guard ")"
+aim_at "$x" $((y - 14))
+e2e_hold 1 0.3
+sleep 0.2
+xdotool mousedown 1
+for _ in $(seq 1 30); do
+    grep -q "^killed $guard" "$E2E_WORK/stdout.log" && break
+    aim_at "$x" $((y - 14))
+done
+xdotool mouseup 1
+e2e_wait_for_line "killed $guard" 1
+sleep 0.5
+[ "$(grep -c '^killed' "$E2E_WORK/stdout.log")" -eq 1 ] || e2e_fail "a kill besides the guard's: the click on the bubble fired"
+[ "$(grep -c '^ONPRESENT(0): Too many parameters : ONPRESENT$' "$E2E_WORK/stdout.log")" -eq 2 ] \
+    || e2e_fail "the two gift boxes were not collected once each, or their event function did not fail"
+e2e_quit 20
 e2e_wait_for_line "Script thread ended" 1
 if grep -E "ThreadSanitizer|AddressSanitizer|LeakSanitizer|runtime error:" "$E2E_WORK/stderr.log"; then
     e2e_fail "a sanitizer reported a fault"

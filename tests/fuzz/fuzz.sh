@@ -1,17 +1,16 @@
 #!/usr/bin/env bash
 # Runs the libFuzzer targets of a fuzz build (cmake -DGREVAN_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++).
 #
-#   tests/fuzz/fuzz.sh regress [BUILD]             every target once over its seed corpus and its saved
+#   tests/fuzz/fuzz.sh regress [BUILD]             every target once over its seeds and its saved
 #                                                  crash reproducers; exits non-zero on any fault
 #   tests/fuzz/fuzz.sh run TARGET SECONDS [BUILD]  fuzz one target (parse, run, map or role) for that long
 #
-# BUILD defaults to build-fuzz/tests/fuzz. The script engine's targets (parse, run) run with
-# tests/script/cases as the working directory, so that IMPORT reaches the test scripts' libraries;
-# their seeds are our test and benchmark scripts. The game's targets (map: Game::loadMap, role:
-# Player::setRole) work from data/ themselves; their seeds are the shipped maps or role descriptions
-# and tests/fuzz/seeds/TARGET. A fuzzing run keeps what it learns in BUILD/corpus-TARGET and writes a
-# crashing input to BUILD/artifacts/: copy it to tests/fuzz/crashes/vesk/ (parse, run) or
-# tests/fuzz/crashes/TARGET/ (map, role) and add a test for it.
+# BUILD defaults to build-fuzz/tests/fuzz. The targets run in tests/script/cases, where IMPORT finds
+# the test scripts' libraries; the game's targets (map: Game::loadMap, role: Player::setRole) move to
+# data/ themselves. Seeds: our test and benchmark scripts for parse and run, the shipped maps or role
+# descriptions and tests/fuzz/seeds/TARGET for map and role. A fuzzing run keeps what it learns in
+# BUILD/corpus-TARGET and writes a crashing input to BUILD/artifacts/: copy it to
+# tests/fuzz/crashes/vesk/ (parse, run) or tests/fuzz/crashes/TARGET/ (map, role).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 mode=${1:-}
@@ -42,39 +41,35 @@ describe() {
 }
 
 case "$mode" in
-  regress)
-    build=$(cd "${2:-$root/build-fuzz/tests/fuzz}" && pwd)
-    # The engine's targets read IMPORTed libraries relative to the cases folder.
-    cd "$root/tests/script/cases"
-    log=$(mktemp)
-    trap 'rm -f "$log"' EXIT
-    for target in parse run map role; do
-      describe "$target"
-      # Standard output is closed: the game's targets print a message for every missing picture.
-      if ! "$build/$binary" -timeout=10 -close_fd_mask=1 "${seeds[@]}" "${crashes[@]}" >"$log" 2>&1; then
-        tail -n 40 "$log"
-        echo "$binary: FAILED"
-        exit 1
-      fi
-      echo "$binary: $(grep -c '^Executed' "$log") inputs, no fault"
-    done
-    ;;
-  run)
-    describe "$2"
-    seconds=$3
-    build=$(cd "${4:-$root/build-fuzz/tests/fuzz}" && pwd)
-    cd "$root/tests/script/cases"
-    mkdir -p "$build/corpus-$2" "$build/artifacts"
-    # Named by content: the role descriptions are all called config.dat.
-    for seed in "${seeds[@]}"; do
-      cp "$seed" "$build/corpus-$2/$(sha1sum <"$seed" | cut -c1-40)"
-    done
-    # A long run shares the machine; a generous timeout keeps a busy moment from passing for a hang.
-    "$build/$binary" "$build/corpus-$2" -max_total_time="$seconds" -timeout=30 -close_fd_mask=1 \
-      -rss_limit_mb=2048 -max_len=8192 -print_final_stats=1 -artifact_prefix="$build/artifacts/"
-    ;;
+  regress) build=${2:-} ;;
+  run) build=${4:-} ;;
   *)
-    sed -n '2,14p' "$0" >&2
+    sed -n '2,13p' "$0" >&2
     exit 2
     ;;
 esac
+build=$(cd "${build:-$root/build-fuzz/tests/fuzz}" && pwd)
+cd "$root/tests/script/cases"
+if [ "$mode" = run ]; then
+  describe "$2"
+  mkdir -p "$build/corpus-$2" "$build/artifacts"
+  # Named by content: the role descriptions are all called config.dat.
+  for seed in "${seeds[@]}"; do
+    cp "$seed" "$build/corpus-$2/$(sha1sum <"$seed" | cut -c1-40)"
+  done
+  # A long run shares the machine; a generous timeout keeps a busy moment from passing for a hang.
+  exec "$build/$binary" "$build/corpus-$2" -max_total_time="$3" -timeout=30 -close_fd_mask=1 \
+    -rss_limit_mb=2048 -max_len=8192 -print_final_stats=1 -artifact_prefix="$build/artifacts/"
+fi
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+for target in parse run map role; do
+  describe "$target"
+  # Standard output is closed: the game's targets print a message for every missing picture.
+  if ! "$build/$binary" -timeout=10 -close_fd_mask=1 "${seeds[@]}" "${crashes[@]}" >"$log" 2>&1; then
+    tail -n 40 "$log"
+    echo "$binary: FAILED"
+    exit 1
+  fi
+  echo "$binary: $(grep -c '^Executed' "$log") inputs, no fault"
+done
