@@ -86,7 +86,7 @@ FUNCTION AwaitWalk(Way)
 END FUNCTION
 
 ' Notes where the hero stands, as the stage "back", then returns once he has risen more than 10
-' pixels, which it reports, and come down there again.
+' pixels, which it reports, and come down to the ground again.
 FUNCTION AwaitJump()
   DIM Standing
   Standing = playerY(Hero)
@@ -95,7 +95,7 @@ FUNCTION AwaitJump()
     delay(20)
   LOOP
   print("rose ", playerY(Hero), "\n")
-  DO WHILE playerY(Hero) <> Standing
+  DO WHILE playerY(Hero) < Standing
     delay(20)
   LOOP
 END FUNCTION
