@@ -90,6 +90,7 @@ TEST_F(Input, MouseMotionMovesTheSightAndTheAimAndFireActsAtTheSightWhichAHeldTr
     EXPECT_EQ(events().getEvents().front()->data, 300 * 65536 + 200);
     events().handleEvents();
     EXPECT_EQ(me->getAimX(), 300 + clientX);
+    EXPECT_EQ(me->getAimY(), 200 + map().getClientY());
     act(ACTION_FIRE, true);
     EXPECT_TRUE(me->isFiring());
     EXPECT_EQ(me->getFireX(), 300 + clientX);
