@@ -66,44 +66,33 @@ TEST_F(Opponents, TheFirstDecisionComesAfter50FramesAndAWalkHeadsForEitherEndOfT
 
 TEST_F(Opponents, ShootOnlyAtALivingMainPlayerInTheViewThroughAClearLineFromTheirTopLeftCorner) {
     enum Target { NONE, ALIVE, DEAD };
-    struct Case {
-        const char* scene;
-        int x;
-        bool wall;
-        bool lowBlock;  // in the way of a line between the centres, not of one from the corner
-        Target mainPlayer;
-        bool shoots;
-    } cases[] = {
+    // The scene, where the opponent stands, wall, low block, the main player, whether it shoots; the
+    // low block is in the way of a line between the centres, not of one from the corner.
+    const std::tuple<const char*, int, bool, bool, Target, bool> cases[] = {
         {"clear line", 300, false, false, ALIVE, true},
         {"wall between", 700, true, false, ALIVE, false},
         {"outside the view", 900, false, false, ALIVE, false},
         {"low block", 300, false, true, ALIVE, true},
         {"no main player", 300, false, false, NONE, false},
-        {"dead main player", 300, false, false, DEAD, false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.scene);
-        loadLevel(c.wall);
-        AIPlayer* opponent = addWaitingGunman(c.x);
-        if (c.lowBlock) {
+        {"dead main player", 300, false, false, DEAD, false}};
+    for (auto [scene, x, wall, lowBlock, mainPlayer, shoots] : cases) {
+        SCOPED_TRACE(scene);
+        loadLevel(wall);
+        AIPlayer* opponent = addWaitingGunman(x);
+        if (lowBlock) {
             int centreY = me->getCentralY();
+            // From 4 pixels above the centres' height down to the floor, between the two of them.
             objects().addObject(new Probe(200, centreY - 4, 10, kFloorTop - centreY + 4));
-            int hitX = 0;
-            int hitY = 0;
-            ASSERT_TRUE(blocks().checkLineCollision(opponent->getColor(), opponent->getCentralX(),
-                                                    opponent->getCentralY(), me->getCentralX(), centreY,
-                                                    &hitX, &hitY));
-            ASSERT_NE(blocks().getObjectByPosition(hitX, hitY), me) << "the centres' line must be blocked";
         }
-        if (c.mainPlayer == DEAD) {
+        if (mainPlayer == DEAD) {
             me->die();
         }
-        game->setMainPlayer(c.mainPlayer == NONE ? nullptr : me);
+        game->setMainPlayer(mainPlayer == NONE ? nullptr : me);
         std::vector<int> r = seedSuchThat([](const std::vector<int>& r) { return r[0] % 7 <= 3; });
         runFrames(1);
-        EXPECT_EQ(opponent->getThinkTimer() == AIPlayer::kThinkEvery, c.mainPlayer == ALIVE) << "decided";
-        EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize() - (c.shoots ? 1 : 0));
-        if (c.shoots) {
+        EXPECT_EQ(opponent->getThinkTimer() == AIPlayer::kThinkEvery, mainPlayer == ALIVE) << "decided";
+        EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize() - (shoots ? 1 : 0));
+        if (shoots) {
             // y from the first draw after the decision's, x from the second.
             EXPECT_EQ(opponent->getFireY(), me->getCentralY() + r[1] % 120 - 60);
             EXPECT_EQ(opponent->getFireX(), me->getCentralX() + r[2] % 120 - 60);
@@ -115,15 +104,14 @@ TEST_F(Opponents, TheEdgeGuardStopsAWalkTheSameFrameNearEitherEndWhicheverWayItG
     AIPlayer* probe = addOpponent(300);
     const int w = probe->getWidth();
     probe->die();
-    const std::tuple<int, int, bool, bool> cases[] = {
-        {w, 1000, false, true},
-        {w, -1000, false, true},
-        {w + 1, -1000, false, false},
-        {1000 - 2 * w + 1, -1000, false, true},
-        {1000 - 2 * w + 1, 1000, false, true},
-        {1000 - 2 * w, 1000, false, false},
-        {w, -1000, true, false},
-    };  // where it stands, where it walks to, whether a script controls it, whether it stops
+    // Where it stands, where it walks to, whether a script controls it, whether it stops.
+    const std::tuple<int, int, bool, bool> cases[] = {{w, 1000, false, true},
+                                                      {w, -1000, false, true},
+                                                      {w + 1, -1000, false, false},
+                                                      {1000 - 2 * w + 1, -1000, false, true},
+                                                      {1000 - 2 * w + 1, 1000, false, true},
+                                                      {1000 - 2 * w, 1000, false, false},
+                                                      {w, -1000, true, false}};
     for (auto [x, target, controlled, stops] : cases) {
         loadLevel(false);
         AIPlayer* opponent = addOpponent(x);
@@ -131,9 +119,10 @@ TEST_F(Opponents, TheEdgeGuardStopsAWalkTheSameFrameNearEitherEndWhicheverWayItG
         opponent->setControlMode(controlled);
         opponent->setAction(Grevan::PlayerAction{Grevan::ACTION_MOVE_TO, target, 0});
         runFrames(1);
-        EXPECT_EQ(opponent->isPlayerActionOn(), !stops) << x << " towards " << target;
-        EXPECT_EQ(opponent->isAnimating(), !stops) << x << " towards " << target;
-        EXPECT_EQ(opponent->getVelocity().x == 0.0f, stops) << x << " towards " << target;
+        EXPECT_EQ(std::make_tuple(opponent->isPlayerActionOn(), opponent->isAnimating(),
+                                  opponent->getVelocity().x == 0.0f),
+                  std::make_tuple(!stops, !stops, stops))
+            << x << " towards " << target;
     }
 }
 

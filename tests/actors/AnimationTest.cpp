@@ -112,9 +112,8 @@ TEST_F(AnimationTest, DescriptionsThatGiveNothingDrawNothing) {
 TEST_F(AnimationTest, BadActionBlocksEndLoadingWithAMessageAndKeepEarlierActions) {
     std::string absent = folder.getPath() + "/absent.bmp";
     std::string config = folder.getPath() + "/config.dat";
-    struct Case {
-        std::string block, message;
-    } cases[] = {
+    // The bad block and the message it prints.
+    const std::pair<std::string, std::string> cases[] = {
         {"3 0 0 " + strip + " -1\n", config + " gives -1 frames for action 3"},
         {actionBlock(3, -1, 1, strip, 2), config + " gives a frame delay of -1 for action 3"},
         {"3 -2147483648 1 " + strip + " 1 0 0 4 6\n",
@@ -124,14 +123,14 @@ TEST_F(AnimationTest, BadActionBlocksEndLoadingWithAMessageAndKeepEarlierActions
         // plain 8-bit text its bytes above 127 print as others.
         {actionBlock(3, 0, 0, "\xff\xb9\xb9\xb9\xb9\xb9\xb9\xb9", 2), "failed to load bitmap: y^^^^^^^"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [block, message] : cases) {
         Animation partial;
         std::string printed =
-            load(partial, "3\n" + actionBlock(0, 0, 1, strip, 2) + c.block + actionBlock(5, 0, 1, strip, 1));
-        EXPECT_NE(printed.find(c.message), std::string::npos) << printed;
-        EXPECT_TRUE(partial.hasAction(0)) << c.message;
-        EXPECT_FALSE(partial.hasAction(3)) << c.message;
-        EXPECT_FALSE(partial.hasAction(5)) << c.message << ": loading stopped";
+            load(partial, "3\n" + actionBlock(0, 0, 1, strip, 2) + block + actionBlock(5, 0, 1, strip, 1));
+        EXPECT_NE(printed.find(message), std::string::npos) << printed;
+        EXPECT_TRUE(partial.hasAction(0)) << message;
+        EXPECT_FALSE(partial.hasAction(3)) << message;
+        EXPECT_FALSE(partial.hasAction(5)) << message << ": loading stopped";
     }
 }
 

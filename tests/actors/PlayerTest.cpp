@@ -16,14 +16,7 @@ using GrevanTest::printedBy;
 
 namespace {
 
-class PlayerTest : public CombatScene {
-  protected:
-    // The blood that joined the registry by the end of the next frame.
-    size_t bloodAfterAFrame() {
-        runFrames(1);
-        return GrevanTest::objectsOf<Grevan::Blood>(objects()).size();
-    }
-};
+using PlayerTest = CombatScene;
 
 TEST_F(PlayerTest, InitializeDrawsTheIdThenTheColourBlueFirst) {
     std::vector<int> draws = GrevanTest::upcomingRandoms(77, 4);
@@ -83,16 +76,19 @@ TEST_F(PlayerTest, DamageFollowsTheRowOnlyTheTopRowIsAHeadShotAndOnlyTheKillingH
         EXPECT_FALSE(me->isMovingRight()) << "every hit stops the walk";
     }
     me->setHealth(10);
-    size_t blood = bloodAfterAFrame();
+    auto blood = [&] { return GrevanTest::objectsOf<Grevan::Blood>(objects()).size(); };
+    runFrames(1);
+    size_t before = blood();
     me->hit(me->getX(), top, Vector(1.0f, 0.0f));
     EXPECT_EQ(me->getState(), Grevan::PLAYER_DEAD);
     me->hit(me->getX(), top, Vector(1.0f, 0.0f));
     me->hit(me->getX(), top + me->getHeight() / 2, Vector(1.0f, 0.0f));
-    EXPECT_EQ(GrevanTest::takeEvent(game->getScriptSystem()), "OnKill  " + std::to_string(me->getId()) + " " +
-                                                                  std::to_string(me->getX()) + " " +
-                                                                  std::to_string(top));
+    std::string at = std::to_string(me->getX()) + " " + std::to_string(top);
+    EXPECT_EQ(GrevanTest::takeEvent(game->getScriptSystem()),
+              "OnKill  " + std::to_string(me->getId()) + " " + at);
     EXPECT_EQ(GrevanTest::takeEvent(game->getScriptSystem()), "none") << "raised once";
-    EXPECT_EQ(bloodAfterAFrame() - blood, 25u) << "a drop a point of damage, from a corpse too";
+    runFrames(1);
+    EXPECT_EQ(blood() - before, 25u) << "a drop a point of damage, from a corpse too";
 }
 
 TEST_F(PlayerTest, HoldingJumpJumpsOnEveryLandingAndNeverInTheAir) {

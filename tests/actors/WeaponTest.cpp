@@ -52,13 +52,12 @@ TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) 
 
 TEST_F(WeaponTest, AbsurdRoundCountsStopAtTheReserveLimitEitherWay) {
     const int limit = Weapon::kReserveLimit;
-    const std::tuple<int, int, int> cases[] = {
-        {10, 5, 15},
-        {2147483647, 2147483647, limit},
-        {limit, 1, limit},
-        {-2147483647 - 1, -5, -limit},
-        {2147483647, -2147483647 - 1, -limit},  // the limit less 2^31 lies below -limit
-    };                                          // two hand-outs to an empty gun, the total afterwards
+    // Two hand-outs to an empty gun, the total afterwards; the limit less 2^31 lies below -limit.
+    const std::tuple<int, int, int> cases[] = {{10, 5, 15},
+                                               {2147483647, 2147483647, limit},
+                                               {limit, 1, limit},
+                                               {-2147483647 - 1, -5, -limit},
+                                               {2147483647, -2147483647 - 1, -limit}};
     for (auto [first, second, total] : cases) {
         Gun* gun = new Gun(me);
         me->setWeapon(1, gun);
@@ -161,8 +160,8 @@ TEST_F(WeaponTest, ShotsLeaveHalfThePictureWidthFromTheCentreOrTheCentreWithoutA
         EXPECT_EQ(playsOf("gun", [&] { EXPECT_TRUE(gun->fire(cx + 500, cy)); }), 1);
         std::vector<Grevan::Bullet*> bullets = GrevanTest::objectsOf<Grevan::Bullet>(objects());
         ASSERT_FALSE(bullets.empty());
-        EXPECT_EQ(bullets.back()->getX(), cx + gun->getWidth() / 2);
-        EXPECT_EQ(bullets.back()->getY(), cy);
+        EXPECT_EQ(std::make_pair(bullets.back()->getX(), bullets.back()->getY()),
+                  std::make_pair(cx + gun->getWidth() / 2, cy));
     }
     EXPECT_EQ(pictureless->getWidth(), 0);
     clear_to_color(buffer, 0);

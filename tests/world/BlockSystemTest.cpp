@@ -124,11 +124,9 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
     // A character's outline in its own colour, as a character would leave it.
     const int characterColour = makecol(200, 40, 40);
     rect(blocks().getBlockMap(), 200, 50, 239, 89, characterColour);
-    struct Case {
-        int ignored, x1, y1, x2, y2;
-        bool found;
-        int hitX, hitY;  // -7 where nothing is found and the outputs stay as they were
-    } cases[] = {
+    // The colour ignored, the line, whether it is found and where (-7 where nothing is found and the
+    // outputs stay as they were).
+    const std::tuple<int, int, int, int, int, bool, int, int> cases[] = {
         {0, 0, 125, 300, 125, true, 100, 125},
         {0, 300, 125, 0, 125, true, 149, 125},
         {0, 110, 110, 140, 140, false, -7, -7},  // inside an outline nothing is in the way
@@ -137,13 +135,12 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
         {0, 390, 10, 410, 10, true, 400, 10},  // off the map reads as -1
         {-1, 390, 10, 410, 10, false, -7, -7},
     };
-    for (const Case& c : cases) {
+    for (auto [ignored, x1, y1, x2, y2, found, x, y] : cases) {
         int hitX = -7;
         int hitY = -7;
-        EXPECT_EQ(blocks().checkLineCollision(c.ignored, c.x1, c.y1, c.x2, c.y2, &hitX, &hitY), c.found)
-            << c.x1 << ", " << c.y1 << " to " << c.x2 << ", " << c.y2;
-        EXPECT_EQ(hitX, c.hitX);
-        EXPECT_EQ(hitY, c.hitY);
+        EXPECT_EQ(blocks().checkLineCollision(ignored, x1, y1, x2, y2, &hitX, &hitY), found)
+            << x1 << ", " << y1 << " to " << x2 << ", " << y2;
+        EXPECT_EQ(std::make_pair(hitX, hitY), std::make_pair(x, y));
     }
 }
 

@@ -50,13 +50,9 @@ TEST(Object, MoveAddsVelocityThenAccelerationAndCapsTheSpeed) {
 }
 
 TEST(Object, CollisionPushesOnlyTheMoverAlongTheShallowerAxis) {
-    // B is a 20 x 20 block at (100, 100); A is placed around it.
-    struct Case {
-        const char* name;
-        int ax, ay, aw;
-        std::vector<int> aSides, bSides;  // told to A and B
-        int x, y;                         // A's position afterwards
-    } cases[] = {
+    // B is a 20 x 20 block at (100, 100); A is placed around it. The case, A's place and width, the
+    // sides told to A and to B, A's position afterwards.
+    const std::tuple<const char*, int, int, int, std::vector<int>, std::vector<int>, int, int> cases[] = {
         {"touching side by side (one-pixel overlap)", 90, 100, 10, {}, {}, 90, 100},
         {"resting with one pixel overlap", 100, 81, 20, {}, {}, 100, 81},
         {"from the left", 85, 100, 20, {0}, {1}, 79, 100},
@@ -65,16 +61,15 @@ TEST(Object, CollisionPushesOnlyTheMoverAlongTheShallowerAxis) {
         {"hitting from below", 100, 115, 20, {2}, {3}, 100, 121},
         {"tie resolves horizontally", 115, 115, 20, {1}, {0}, 121, 115},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        Probe a(c.ax, c.ay, c.aw, 20);
+    for (const auto& [name, ax, ay, aw, aSides, bSides, x, y] : cases) {
+        SCOPED_TRACE(name);
+        Probe a(ax, ay, aw, 20);
         Probe b(100, 100, 20, 20);
         a.setVelocity(Vector(5, 1));
-        EXPECT_EQ(a.collide(&b), !c.aSides.empty());
-        EXPECT_EQ(*a.getRectangle(), (Rect{c.x, c.x + c.aw, c.y, c.y + 20}));
+        EXPECT_EQ(a.collide(&b), !aSides.empty());
+        EXPECT_EQ(*a.getRectangle(), (Rect{x, x + aw, y, y + 20}));
         EXPECT_EQ(b.getX(), 100);
-        EXPECT_EQ(a.sides, c.aSides);
-        EXPECT_EQ(b.sides, c.bSides);
+        EXPECT_EQ(std::make_pair(a.sides, b.sides), std::make_pair(aSides, bSides));
         EXPECT_TRUE(isNear(a.getVelocity(), {5, 1})) << "velocities are left to the classes";
     }
 }

@@ -38,28 +38,27 @@ TEST(RealBody, AFreeBodyGainsGravityEachFrameUpToTheSpeedCap) {
 
 TEST(RealBody, StandingFrictionComesFromTheBoardAndSlowsToExactlyZeroWithoutChangingSign) {
     EXPECT_EQ(RealBody().getSlidingFriction(), 0.0f) << "before the first landing";
-    struct Case {
-        float boardFriction, vx;
-        std::vector<float> next;  // the speeds of the first frames
-    } cases[] = {{1.0f, 0.05f, {0.0f}},
-                 {1.0f, -3.0f, {-2.88f, -2.76f, -2.64f}},
-                 {0.5f, 3.0f, {2.94f, 2.88f}},
-                 {1.0f, -0.11f, {0.0f}},         // less than a frame's friction: it stops, not turns
-                 {1.0f, 0.15f, {0.03f, 0.0f}}};  // what friction leaves is snapped away by the next sum
-    for (const Case& c : cases) {
-        Ice board(c.boardFriction);
+    // The board's friction constant, the speed, the speeds of the first frames.
+    const std::tuple<float, float, std::vector<float>> cases[] = {
+        {1.0f, 0.05f, {0.0f}},
+        {1.0f, -3.0f, {-2.88f, -2.76f, -2.64f}},
+        {0.5f, 3.0f, {2.94f, 2.88f}},
+        {1.0f, -0.11f, {0.0f}},         // less than a frame's friction: it stops, not turns
+        {1.0f, 0.15f, {0.03f, 0.0f}}};  // what friction leaves is snapped away by the next sum
+    for (const auto& [boardFriction, vx, next] : cases) {
+        Ice board(boardFriction);
         RealBody body;
         body.handleCollision(SIDE_BOTTOM, &board);
-        EXPECT_FLOAT_EQ(body.getSlidingFriction(), c.boardFriction * 0.12f);
-        body.setVelocity(Vector(c.vx, 0));
-        for (float expected : c.next) {
+        EXPECT_FLOAT_EQ(body.getSlidingFriction(), boardFriction * 0.12f);
+        body.setVelocity(Vector(vx, 0));
+        for (float expected : next) {
             body.move();
-            EXPECT_NEAR(body.getVelocity().x, expected, 1e-4) << "from " << c.vx;
+            EXPECT_NEAR(body.getVelocity().x, expected, 1e-4) << "from " << vx;
         }
         for (int frame = 0; frame < 60; ++frame) {
             body.move();
         }
-        EXPECT_EQ(body.getVelocity().x, 0.0f) << "from " << c.vx;
+        EXPECT_EQ(body.getVelocity().x, 0.0f) << "from " << vx;
     }
 }
 
