@@ -154,20 +154,12 @@ e2e_key() {
     done
 }
 # Holds a key for some seconds.
-e2e_hold() {
-    xdotool keydown "$1"
-    sleep "$2"
-    xdotool keyup "$1"
-}
+e2e_hold() { xdotool keydown "$1" sleep "$2" keyup "$1"; }
 # Moves the pointer to a point of the game window.
 e2e_mouse_move() { xdotool mousemove --window "$E2E_WINDOW" "$1" "$2"; }
 # Holds the button for 0.1 s: the game reads the buttons once a frame and sees no click that
 # begins and ends between two frames.
-e2e_click() {
-    xdotool mousedown "${1:-1}"
-    sleep 0.1
-    xdotool mouseup "${1:-1}"
-}
+e2e_click() { xdotool mousedown "${1:-1}" sleep 0.1 mouseup "${1:-1}"; }
 
 # Takes a screenshot of the game window; prints the PNG's path.
 e2e_screenshot() {
