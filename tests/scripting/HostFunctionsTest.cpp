@@ -179,9 +179,8 @@ TEST_F(HostFunctions, SystemRunsTheCommandAfterWhatTheScriptPrinted) {
               "before from the shell\nafter");
 }
 
-TEST_F(HostFunctions, SayShowsTheBubbleAtThePlayerAndWaitsUntilItHasGone) {
+TEST_F(HostFunctions, SayShowsTheTextInABubbleAndWaitsUntilItHasGone) {
     EXPECT_EQ(run("say(123456, \"nobody\")\nprint(\"back\")"), "back") << "an unknown id returns at once";
-    me->setColor(makecol(0, 0, 255));
     std::future<std::string> said = runAside("say(Me, \"Hello there\")\nprint(\"said\")");
     Grevan::Dialog& bubble = game->getDialog();
     for (int i = 0; i < 200 && !bubble.isVisible(); i++) {
@@ -191,9 +190,7 @@ TEST_F(HostFunctions, SayShowsTheBubbleAtThePlayerAndWaitsUntilItHasGone) {
     EXPECT_EQ(bubble.getText(), "Hello there");
     EXPECT_EQ(said.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
     // While the script waits, the main loop has the world: frames run until the bubble times out.
-    for (int i = 0; i <= Grevan::Dialog::kDefaultDelay; i++) {
-        runFrames(1);
-    }
+    runFrames(Grevan::Dialog::kDefaultDelay + 1);
     EXPECT_EQ(said.get(), "said");
 }
 
