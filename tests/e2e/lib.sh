@@ -50,24 +50,31 @@ e2e_cleanup() {
 }
 trap e2e_cleanup EXIT
 
-e2e_require_tools() {
+# Starts a private X server on a free display and prepares the working directory.
+e2e_begin() {
     local tool
     for tool in Xvfb xdotool xwd /usr/bin/convert; do
         command -v "$tool" >/dev/null 2>&1 || e2e_fail "missing tool $tool (run tools/install-deps.sh)"
     done
     [ -x "${GREVAN_BIN:-}" ] || e2e_fail "GREVAN_BIN does not name the built game"
     [ -d "${GREVAN_DATA:-}" ] || e2e_fail "GREVAN_DATA does not name the data folder"
-}
-
-# Starts a private X server on a free display and prepares the working directory.
-e2e_begin() {
-    e2e_require_tools
     E2E_WORK=$(mktemp -d "/tmp/grevan-e2e-$E2E_NAME.XXXXXX")
     cp -r "$GREVAN_DATA"/. "$E2E_WORK"/
     mkdir -p "$E2E_OUT"
     rm -f "$E2E_OUT"/*.png
     E2E_RESTARTED=""
     e2e_start_xvfb
+}
+
+# Runs the condition (a command line) every 0.05 s until it holds; returns 1 if the seconds given
+# pass without it.
+e2e_until() {
+    local seconds=$1 condition=$2 i
+    for i in $(seq 1 $((seconds * 20))); do
+        eval "$condition" && return 0
+        sleep 0.05
+    done
+    return 1
 }
 
 # Starts Xvfb and sets DISPLAY once the server takes clients. Without -noreset the server resets
@@ -78,20 +85,11 @@ e2e_start_xvfb() {
     Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$displayFile" \
         2>>"$E2E_WORK/xvfb.log" &
     E2E_XVFB_PID=$!
-    local i
-    for i in $(seq 1 100); do
-        [ -s "$displayFile" ] && break
-        sleep 0.05
-    done
-    [ -s "$displayFile" ] || e2e_fail "Xvfb did not start"
+    e2e_until 5 '[ -s "$displayFile" ]' || e2e_fail "Xvfb did not start"
     export DISPLAY=":$(cat "$displayFile")"
     # On a loaded machine the server may name its display before it takes clients; a game started
     # then falls back to running without a window.
-    for i in $(seq 1 100); do
-        xdotool getdisplaygeometry >/dev/null 2>&1 && return 0
-        sleep 0.1
-    done
-    e2e_fail "Xvfb on $DISPLAY takes no clients"
+    e2e_until 10 'xdotool getdisplaygeometry >/dev/null 2>&1' || e2e_fail "Xvfb on $DISPLAY takes no clients"
 }
 
 # Writes standard input as the game's main script, script/main.fb.
@@ -111,14 +109,11 @@ e2e_start() {
 
 # Waits until the game's standard output holds the exact text (as a substring of a line).
 e2e_wait_for_line() {
-    local text=$1 seconds=${2:-10} i
-    for i in $(seq 1 $((seconds * 20))); do
-        grep -qF -- "$text" "$E2E_WORK/stdout.log" 2>/dev/null && return 0
-        kill -0 "$E2E_PID" 2>/dev/null || break
-        sleep 0.05
-    done
-    grep -qF -- "$text" "$E2E_WORK/stdout.log" 2>/dev/null && return 0
-    e2e_fail "no line \"$text\" on standard output within ${seconds}s"
+    local text=$1 seconds=${2:-10}
+    # A game that has ended prints no more.
+    e2e_until "$seconds" 'grep -qF -- "$text" "$E2E_WORK/stdout.log" 2>/dev/null || ! kill -0 "$E2E_PID" 2>/dev/null'
+    grep -qF -- "$text" "$E2E_WORK/stdout.log" 2>/dev/null \
+        || e2e_fail "no line \"$text\" on standard output within ${seconds}s"
 }
 
 # Waits for a window with the title and puts the pointer over it, so that keys reach it. A game
@@ -159,20 +154,12 @@ e2e_key() {
     done
 }
 # Holds a key for some seconds.
-e2e_hold() {
-    xdotool keydown "$1"
-    sleep "$2"
-    xdotool keyup "$1"
-}
+e2e_hold() { xdotool keydown "$1" sleep "$2" keyup "$1"; }
 # Moves the pointer to a point of the game window.
 e2e_mouse_move() { xdotool mousemove --window "$E2E_WINDOW" "$1" "$2"; }
 # Holds the button for 0.1 s: the game reads the buttons once a frame and sees no click that
 # begins and ends between two frames.
-e2e_click() {
-    xdotool mousedown "${1:-1}"
-    sleep 0.1
-    xdotool mouseup "${1:-1}"
-}
+e2e_click() { xdotool mousedown "${1:-1}" sleep 0.1 mouseup "${1:-1}"; }
 
 # Takes a screenshot of the game window; prints the PNG's path.
 e2e_screenshot() {
@@ -181,24 +168,14 @@ e2e_screenshot() {
     echo "$shot"
 }
 
-# Prints the brightest channel value (0 to 255) found anywhere in a picture.
-e2e_max_brightness() { /usr/bin/convert "$1" -format '%[fx:int(255*maxima)]' info:; }
-
 # Prints a pixel of a picture as srgb(r,g,b).
 e2e_pixel() { /usr/bin/convert "$1" -format "%[pixel:p{$2,$3}]" info:; }
 
 # Waits for the game to end; E2E_STATUS is its exit status. Fails when it outlives the timeout.
 e2e_wait_for_exit() {
-    local seconds=${1:-10} i
-    for i in $(seq 1 $((seconds * 20))); do
-        if ! kill -0 "$E2E_PID" 2>/dev/null; then
-            wait "$E2E_PID"
-            E2E_STATUS=$?
-            return 0
-        fi
-        sleep 0.05
-    done
-    e2e_fail "the game did not end within ${seconds}s"
+    e2e_until "${1:-10}" '! kill -0 "$E2E_PID" 2>/dev/null' || e2e_fail "the game did not end within ${1:-10}s"
+    wait "$E2E_PID"
+    E2E_STATUS=$?
 }
 
 # Creates the file NAME in the game's working directory, where a script that runs

@@ -4,9 +4,7 @@
 # scripted content, and still quits on Escape.
 source "$(dirname "$0")/lib.sh"
 
-e2e_require_tools
-E2E_WORK=$(mktemp -d "/tmp/grevan-e2e-$E2E_NAME.XXXXXX")
-cp -r "$GREVAN_DATA"/. "$E2E_WORK"/
+e2e_begin
 unset DISPLAY
 e2e_start
 e2e_wait_for_exit 10

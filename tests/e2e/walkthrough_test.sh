@@ -11,12 +11,8 @@ e2e_wait_for_window "Collision Test"
 e2e_wait_for_line "Level 1: the meadow, attempt 1" 20
 e2e_wait_for_line "walk-through: level 1 won" 240
 e2e_wait_for_line "Level 2: the harbour, attempt 1" 20
-sleep 2
-e2e_screenshot harbour >/dev/null
 e2e_wait_for_line "walk-through: level 2 won" 240
 e2e_wait_for_line "Level 3: the fortress, attempt 1" 20
-sleep 2
-e2e_screenshot fortress >/dev/null
 e2e_wait_for_line "The end" 300
 e2e_wait_for_exit 10
 [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS after the ending"

@@ -6,6 +6,8 @@
 #include <future>
 #include <string>
 #include <thread>
+#include <tuple>
+#include <vector>
 
 #include "actors/AIPlayer.h"
 #include "actors/Grenade.h"
@@ -45,55 +47,51 @@ class HostFunctions : public CombatScene {
     std::future<std::string> runAside(const std::string& body) {
         return std::async(std::launch::async, [this, body] { return run(body); });
     }
-    // The object with that id, if it is of that kind.
-    template <typename Kind>
-    Kind* find(int id) {
-        return dynamic_cast<Kind*>(objects().getObjectById(id));
-    }
 };
+
+// A player's name, colour, role and top left corner.
+std::string describe(const Player* p) {
+    return p->getName() + " " + std::to_string(p->getColor()) + " " + p->getRole() + " " +
+           std::to_string(p->getX()) + " " + std::to_string(p->getY());
+}
+
+// An object's top left corner, size, and whether it shows.
+std::string placeOf(const Grevan::Object* o) {
+    return std::to_string(o->getX()) + " " + std::to_string(o->getY()) + " " + std::to_string(o->getWidth()) +
+           " " + std::to_string(o->getHeight()) + (o->isVisible() ? " shown" : " hidden");
+}
 
 // setPlayerAIMode hands an opponent to the script (1) or back to itself (0).
 TEST_F(HostFunctions, AddPlayerMakesTheLastHumanTheUsersAndOnlyOpponentsTakeAnAIMode) {
-    std::string printed =
-        run("A = addPlayer(0, 255, \"soldier\", \"Ann\", 100, 200)\n"
-            "B = addPlayer(0, 65280, \"soldier\", \"Bo\", 300, 210)\n"
-            "C = addPlayer(1, 16711680, \"raider\", \"Cy\", 500, 220)\n"
-            "setPlayerAIMode(C, 1)\nsetPlayerAIMode(B, 1)\nprint(A, \" \", B, \" \", C)");
-    int a = 0, b = 0, c = 0;
-    ASSERT_EQ(sscanf(printed.c_str(), "%d %d %d", &a, &b, &c), 3) << printed;
-    auto* second = find<Player>(b);
-    ASSERT_NE(second, nullptr);
-    EXPECT_EQ(game->getMainPlayer(), second);
-    EXPECT_EQ(second->getName(), "Bo");
-    EXPECT_EQ(second->getColor(), 65280);
-    EXPECT_EQ(second->getX(), 300);
-    EXPECT_EQ(second->getY(), 210);
-    auto* opponent = find<Grevan::AIPlayer>(c);
+    run("addPlayer(0, 255, \"soldier\", \"Ann\", 100, 200)\n"
+        "B = addPlayer(0, 65280, \"soldier\", \"Bo\", 300, 210)\n"
+        "C = addPlayer(1, 16711680, \"raider\", \"Cy\", 500, 220)\n"
+        "setPlayerAIMode(C, 1)\nsetPlayerAIMode(B, 1)");
+    const std::vector<Player*>& players = game->getPlayers();
+    ASSERT_EQ(players.size(), 4u);
+    EXPECT_EQ(game->getMainPlayer(), players[2]);
+    EXPECT_EQ(describe(players[2]), "Bo 65280 soldier 300 210");
+    EXPECT_EQ(dynamic_cast<Grevan::AIPlayer*>(players[1]), nullptr);
+    auto* opponent = dynamic_cast<Grevan::AIPlayer*>(players[3]);
     ASSERT_NE(opponent, nullptr);
-    EXPECT_EQ(opponent->getRole(), "raider");
-    EXPECT_EQ(find<Grevan::AIPlayer>(a), nullptr);
-    ASSERT_EQ(game->getPlayers().size(), 4u);
-    EXPECT_EQ(game->getPlayers().back(), opponent);
+    EXPECT_EQ(describe(opponent), "Cy 16711680 raider 500 220");
     EXPECT_TRUE(opponent->isUnderControl());
-    run("setPlayerAIMode(" + std::to_string(c) + ", 0)");
+    run("setPlayerAIMode(" + std::to_string(opponent->getId()) + ", 0)");
     EXPECT_FALSE(opponent->isUnderControl());
 }
 
 TEST_F(HostFunctions, AddPlayerWeaponFillsAnEmptySlotByItsNumberAndThenOnlyAddsRounds) {
-    std::string printed =
-        run("addPlayerWeapon(Me, 1, 10)\naddPlayerWeapon(Me, 1, 5)\n"
-            "addPlayerWeapon(Me, 2, 7)\naddPlayerWeapon(Me, 3, 2)\naddPlayerWeapon(Me, 0, "
-            "9)\naddPlayerWeapon(Me, 6, 9)\n"
-            "addPlayerWeapon(Me + 1000, 1, 9)");
-    auto* pistol = dynamic_cast<Grevan::Pistol*>(me->getWeapon(1));
-    ASSERT_NE(pistol, nullptr);
-    EXPECT_EQ(pistol->getBulletTotal(), 15);
-    ASSERT_NE(dynamic_cast<Grevan::Gun*>(me->getWeapon(2)), nullptr);
-    EXPECT_EQ(me->getWeapon(2)->getBulletTotal(), 7);
-    ASSERT_NE(dynamic_cast<Grevan::Grenade*>(me->getWeapon(3)), nullptr);
-    EXPECT_EQ(me->getWeapon(3)->getBulletTotal(), 2);
+    EXPECT_EQ(run("addPlayerWeapon(Me, 1, 10)\naddPlayerWeapon(Me, 1, 5)\naddPlayerWeapon(Me, 2, 7)\n"
+                  "addPlayerWeapon(Me, 3, 2)\naddPlayerWeapon(Me, 0, 9)\naddPlayerWeapon(Me, 6, 9)\n"
+                  "addPlayerWeapon(Me + 1000, 1, 9)"),
+              "No weapon slot 6\n");
     EXPECT_EQ(me->getWeapon(0), nullptr);
-    EXPECT_EQ(printed, "No weapon slot 6\n");
+    ASSERT_NE(dynamic_cast<Grevan::Pistol*>(me->getWeapon(1)), nullptr);
+    ASSERT_NE(dynamic_cast<Grevan::Gun*>(me->getWeapon(2)), nullptr);
+    ASSERT_NE(dynamic_cast<Grevan::Grenade*>(me->getWeapon(3)), nullptr);
+    EXPECT_EQ(std::make_tuple(me->getWeapon(1)->getBulletTotal(), me->getWeapon(2)->getBulletTotal(),
+                              me->getWeapon(3)->getBulletTotal()),
+              std::make_tuple(15, 7, 2));
 }
 
 TEST_F(HostFunctions, ShowObjectShowsAnyObjectAndNamesAnUnknownId) {
@@ -112,41 +110,30 @@ TEST_F(HostFunctions, PresentsArePlacedAndPlayerFunctionsFindOnlyPlayers) {
             "setPlayerHealth(Box, 5)\n"
             "print(isNull(playerX(Box)), isNull(playerY(Hidden)), isNull(playerX(123456)), \" \")\n"
             "print(playerX(Me), \" \", playerY(Me), \" \", Box, \" \", Hidden)");
-    const std::string line = "add hidden present 10, 20, 30, 40\n111 ";
-    ASSERT_EQ(printed.substr(0, line.size()), line);
-    int x = 0, y = 0, boxId = 0, hiddenId = 0;
-    ASSERT_EQ(sscanf(printed.c_str() + line.size(), "%d %d %d %d", &x, &y, &boxId, &hiddenId), 4) << printed;
-    EXPECT_EQ(x, me->getCentralX());
-    EXPECT_EQ(y, me->getCentralY());
-    auto* box = find<Grevan::PresentBox>(boxId);
-    ASSERT_NE(box, nullptr);
-    EXPECT_TRUE(box->isVisible());
-    EXPECT_EQ(box->getX(), 300);
-    EXPECT_GT(box->getWidth(), 0) << "the picture image/object/ammo.bmp is loaded";
-    auto* hidden = find<Grevan::PresentBox>(hiddenId);
-    ASSERT_NE(hidden, nullptr);
-    EXPECT_TRUE(hidden->isVisible());
-    EXPECT_EQ(hidden->getX(), 10);
-    EXPECT_EQ(hidden->getY(), 20);
-    EXPECT_EQ(hidden->getWidth(), 30);
-    EXPECT_EQ(hidden->getHeight(), 40);
+    std::vector<Grevan::PresentBox*> boxes = GrevanTest::objectsOf<Grevan::PresentBox>(objects());
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_EQ(printed, "add hidden present 10, 20, 30, 40\n111 " + std::to_string(me->getCentralX()) + " " +
+                           std::to_string(me->getCentralY()) + " " + std::to_string(boxes[0]->getId()) + " " +
+                           std::to_string(boxes[1]->getId()));
+    // The picture image/object/ammo.bmp is 30 x 26.
+    EXPECT_EQ(placeOf(boxes[0]), "300 200 30 26 shown");
+    EXPECT_EQ(placeOf(boxes[1]), "10 20 30 40 shown");
 }
 
+// switchWeapon takes any slot; the pistol in slot 1 fires once it is in hand again.
 TEST_F(HostFunctions, OrdersReachThePlayer) {
     Grevan::Pistol* pistol = arm<Grevan::Pistol>(me, 0);
-    run("switchWeapon(Me, 1)\nplayerDoAim(Me, 400, 120)\nplayerDoMove(Me, 160, 77)\nsetPlayerHealth(Me, 40)");
-    EXPECT_EQ(me->getEquipment(), 1);
-    EXPECT_EQ(me->getAimX(), 400);
-    EXPECT_EQ(me->getAimY(), 120);
+    run("switchWeapon(Me, 3)\nplayerDoAim(Me, 400, 120)\nplayerDoMove(Me, 160, 77)\nsetPlayerHealth(Me, 40)");
+    const Grevan::PlayerAction& action = me->getAction();
+    EXPECT_EQ(std::make_tuple(me->getEquipment(), me->getAimX(), me->getAimY(), me->getHealth()),
+              std::make_tuple(3, 400, 120, 40));
     EXPECT_TRUE(me->isPlayerActionOn());
-    EXPECT_EQ(me->getAction().type, Grevan::ACTION_MOVE_TO);
-    EXPECT_EQ(me->getAction().x, 160);
-    EXPECT_EQ(me->getAction().y, 77);
-    EXPECT_EQ(me->getHealth(), 40);
+    EXPECT_EQ(std::make_tuple(action.type, action.x, action.y),
+              std::make_tuple(Grevan::ACTION_MOVE_TO, 160, 77));
 
     const int loaded = pistol->getBulletCurrent();
     me->moveRight(true);
-    run("playerDoFire(Me, 400, 300)\nplayerDoStop(Me)");
+    run("switchWeapon(Me, 1)\nplayerDoFire(Me, 400, 300)\nplayerDoStop(Me)");
     EXPECT_EQ(pistol->getBulletCurrent(), loaded - 1);
     EXPECT_FALSE(me->isPlayerActionOn());
     EXPECT_FALSE(me->isMovingRight());
@@ -155,8 +142,6 @@ TEST_F(HostFunctions, OrdersReachThePlayer) {
     EXPECT_EQ(me->getState(), Grevan::PLAYER_DEAD);
 }
 
-// With a fixed arity the arguments are the top entries, whatever the script passed: an extra
-// leading argument is ignored, and too few read the caller's values, or undefined below them.
 TEST_F(HostFunctions, ArgumentsAreReadAtFixedDepthsFromTheTop) {
     run("setPlayerHealth(999, Me, 40)");
     EXPECT_EQ(me->getHealth(), 40);
@@ -165,22 +150,17 @@ TEST_F(HostFunctions, ArgumentsAreReadAtFixedDepthsFromTheTop) {
     stack[0].setInteger(7);
     stack[1].setString("last");
     Grevan::HostArguments four(stack, 4);
-    EXPECT_EQ(four.text(1), "undefined");
-    EXPECT_EQ(four.integer(2), 0);
-    EXPECT_EQ(four.integer(3), 7);
-    EXPECT_EQ(four.text(4), "last");
     Grevan::HostArguments one(stack, 1);
-    EXPECT_EQ(one.text(1), "last");
+    EXPECT_EQ(std::make_tuple(four.text(1), four.integer(2), four.integer(3), four.text(4), one.text(1)),
+              std::make_tuple("undefined", 0, 7, "last", "last"));
 }
 
 TEST_F(HostFunctions, ControlTheRobotAndTheGameEnd) {
     game->createRobot();
     run("lockControl(1)\nshowRobot(1)");
-    EXPECT_FALSE(game->canControl());
-    EXPECT_TRUE(game->getRobot()->isVisible());
+    EXPECT_EQ(std::make_pair(game->canControl(), game->getRobot()->isVisible()), std::make_pair(false, true));
     run("lockControl(0)\nshowRobot(0)");
-    EXPECT_TRUE(game->canControl());
-    EXPECT_FALSE(game->getRobot()->isVisible());
+    EXPECT_EQ(std::make_pair(game->canControl(), game->getRobot()->isVisible()), std::make_pair(true, false));
     run("endgame()");
     EXPECT_FALSE(game->isRunning());
 }
@@ -199,9 +179,8 @@ TEST_F(HostFunctions, SystemRunsTheCommandAfterWhatTheScriptPrinted) {
               "before from the shell\nafter");
 }
 
-TEST_F(HostFunctions, SayShowsTheBubbleAtThePlayerAndWaitsUntilItHasGone) {
+TEST_F(HostFunctions, SayShowsTheTextInABubbleAndWaitsUntilItHasGone) {
     EXPECT_EQ(run("say(123456, \"nobody\")\nprint(\"back\")"), "back") << "an unknown id returns at once";
-    me->setColor(makecol(0, 0, 255));
     std::future<std::string> said = runAside("say(Me, \"Hello there\")\nprint(\"said\")");
     Grevan::Dialog& bubble = game->getDialog();
     for (int i = 0; i < 200 && !bubble.isVisible(); i++) {
@@ -211,9 +190,7 @@ TEST_F(HostFunctions, SayShowsTheBubbleAtThePlayerAndWaitsUntilItHasGone) {
     EXPECT_EQ(bubble.getText(), "Hello there");
     EXPECT_EQ(said.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
     // While the script waits, the main loop has the world: frames run until the bubble times out.
-    for (int i = 0; i <= Grevan::Dialog::kDefaultDelay; i++) {
-        runFrames(1);
-    }
+    runFrames(Grevan::Dialog::kDefaultDelay + 1);
     EXPECT_EQ(said.get(), "said");
 }
 
@@ -234,11 +211,8 @@ INSTANTIATE_TEST_SUITE_P(Waits, WaitingHostFunction,
 // The functions that touch the world wait for the game lock; those that only wait, print or
 // flag do not need it, and no function holds it while it waits.
 TEST_F(HostFunctions, OnlyFunctionsThatTouchTheWorldTakeTheGameLock) {
-    struct Case {
-        const char* call;
-        bool locked;
-    };
-    const Case cases[] = {
+    // Each call, and whether it takes the lock.
+    const std::pair<const char*, bool> cases[] = {
         {"print(\"x\")", false},
         {"isNull(1)", false},
         {"system(\"true\")", false},
@@ -252,13 +226,13 @@ TEST_F(HostFunctions, OnlyFunctionsThatTouchTheWorldTakeTheGameLock) {
         {"playerDoStop(Me)", true},
         {"waitForPlayerAction(Me)", true},
     };
-    for (const Case& c : cases) {
+    for (const auto& [text, locked] : cases) {
         Grevan::lockGame();
-        std::future<std::string> call = runAside(c.call);
+        std::future<std::string> call = runAside(text);
         const bool finished = call.wait_for(std::chrono::milliseconds(300)) == std::future_status::ready;
         Grevan::unlockGame();
         call.get();
-        EXPECT_EQ(finished, !c.locked) << c.call;
+        EXPECT_EQ(finished, !locked) << text;
     }
     std::future<std::string> waiting = runAside("delay(1000)");
     std::this_thread::sleep_for(std::chrono::milliseconds(100));

@@ -13,14 +13,10 @@ using GrevanTest::takeEvent;
 
 namespace {
 
-TEST(ScriptSystem, EventsAreTakenInTheOrderRaisedWithTheirArguments) {
+TEST(ScriptSystem, TheTextFormOfAnEventHasZeroForItsFirstNumber) {
     ScriptSystem scripts;
-    EXPECT_TRUE(scripts.raise("OnKill", 7, 120, -3));
     EXPECT_TRUE(scripts.raise("OnPresent", "a gift", 40, 50));
-    EXPECT_EQ(scripts.getPendingEventCount(), 2);
-    EXPECT_EQ(takeEvent(scripts), "OnKill  7 120 -3");
     EXPECT_EQ(takeEvent(scripts), "OnPresent a gift 0 40 50");
-    EXPECT_EQ(takeEvent(scripts), "none");
 }
 
 // Run under ThreadSanitizer, this shows the queue's own lock at work; events still queued at
@@ -42,17 +38,13 @@ TEST(ScriptSystem, RaisingWhileAnotherThreadDrainsLosesNothing) {
     EXPECT_EQ(scripts.getPendingEventCount(), kEvents - kEvents / 2);
 }
 
-}  // namespace
-
-namespace {
-
 // The script thread of a headless game, started on a script of the test's own; `finish` ends
 // the game, joins the thread and gives everything printed since the start.
 class ScriptThread : public CombatScene {
   protected:
     void start(const std::string& source) {
         testing::internal::CaptureStdout();
-        scripts().start(source.empty() ? "no/such/main.fb" : folder.writeFile("main.fb", source));
+        scripts().start(folder.writeFile("main.fb", source));
     }
     std::string finish() {
         game->endGame();
@@ -63,17 +55,6 @@ class ScriptThread : public CombatScene {
     Grevan::ScriptSystem& scripts() { return game->getScriptSystem(); }
     void sleep(int milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
 };
-
-TEST_F(ScriptThread, AMissingScriptIsReportedAndTheThreadRunsAllTheSame) {
-    start("");
-    sleep(50);
-    EXPECT_TRUE(game->isRunning());
-    EXPECT_EQ(finish(),
-              "Script error: Failed to open file. : no/such/main.fb\n"
-              "Script thread running \n"
-              "Runtime error: At line 0 : MAIN: Function not found : MAIN\n"
-              "Script thread ended\n");
-}
 
 // Events raised while Main runs wait for it. An event function that fails (a missing one, or one
 // taking fewer than the event's three values) is reported on a line; the next event is still served.
