@@ -16,7 +16,7 @@ TEST(VeskVariable, CopiesCarryConstnessScopeAndSlot) {
     constant.slot = 9;
     VeskVariable assigned;
     assigned = constant;
-    const VeskVariable copied(constant);
+    VeskVariable copied(constant);
     for (const VeskVariable* copy : {&assigned, &copied}) {
         EXPECT_EQ(std::make_tuple(copy->isConstant, copy->isGlobal, copy->slot, copy->stringValue()),
                   std::make_tuple(1, 1, 9, std::string("pear")));
