@@ -5,7 +5,9 @@
 #              (optional; without it the file name is the only argument)
 #   NAME.status the expected exit status (optional; without it the status must be 1 when a line of
 #              the expected output starts with "Script error: " or "Runtime error: ", else 0)
-# Variables: VESK (the command), CASES (the folder), NAME (the case).
+# Variables: VESK (the command), CASES (the folder), NAME (the case). With VESK_RECORD set in the
+# environment it writes NAME.out and NAME.err from what vesk does now instead: review them before
+# committing (VESK_RECORD=1 ctest --test-dir build -R language.NAME).
 set(args ${NAME}.fb)
 if(EXISTS ${CASES}/${NAME}.args)
   file(READ ${CASES}/${NAME}.args args)
@@ -17,6 +19,14 @@ execute_process(COMMAND ${VESK} ${args}
   WORKING_DIRECTORY ${CASES}
   OUTPUT_VARIABLE actual_output ERROR_VARIABLE actual_error RESULT_VARIABLE status)
 
+if(DEFINED ENV{VESK_RECORD})
+  file(WRITE ${CASES}/${NAME}.out "${actual_output}")
+  file(REMOVE ${CASES}/${NAME}.err)
+  if(NOT actual_error STREQUAL "")
+    file(WRITE ${CASES}/${NAME}.err "${actual_error}")
+  endif()
+  return()
+endif()
 file(READ ${CASES}/${NAME}.out expected_output)
 set(expected_error "")
 if(EXISTS ${CASES}/${NAME}.err)

@@ -18,8 +18,6 @@ std::string inMain(const std::string& body) {
 TEST(VeskError, EachFailureReplacesTheLastErrorAndASuccessLeavesIt) {
     VeskScript script;
     EXPECT_EQ(script.getLastError(), "No error. : ");
-    EXPECT_FALSE(script.load("no/such/file.fb"));
-    EXPECT_EQ(script.getLastError(), "Failed to open file. : no/such/file.fb");
     // A folder opens but cannot be read.
     EXPECT_FALSE(script.load("."));
     EXPECT_EQ(script.getLastError(), "Failed to open file. : .");
@@ -32,9 +30,8 @@ TEST(VeskError, EachFailureReplacesTheLastErrorAndASuccessLeavesIt) {
 // IMPORT reaches the files of cases/lib.
 TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
     const std::pair<std::string, const char*> cases[] = {
-        // CALL and CONST close a block like any word that starts no statement.
+        // CALL closes a block like any word that starts no statement.
         {inMain("CALL print(\"x\")\n"), "At line 2 : Missing END FUNCTION : CALL"},
-        {inMain("CONST Inner = 1\n"), "At line 2 : Missing END FUNCTION : CONST"},
         {inMain("print(\"a\"; \"b\")\n"), "At line 2 : Missing ',' before : ;"},
         // A name read before anything assigns it is a call, so assigning it later clashes with it.
         {inMain("X = Total\nTotal = 1\n"), "At line 0 : Name conflicts against a function name. : TOTAL"},
@@ -50,8 +47,6 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         {"CONST Ratio = 10 / (5 - 5)\n", "At line 0 : Division by zero : /"},
         {"CONST Least = (-2147483647 - 1) / -1\n", "At line 0 : Division by zero : /"},
         {inMain("\nX = 3 MOD 0\n"), "At line 3 : Division by zero : MOD"},
-        // So a bare DO .. LOOP at the end of a function reads END as its condition.
-        {inMain("DO\nEXIT DO\nLOOP\n"), "At line 2 : One or more operands are still in the stack : "},
         {inMain("DO WHILE 1\nLOOP UNTIL 1\n"), "At line 3 : Need a new line at : UNTIL"},
         {inMain("DO\nLOOP FOR\n"), "At line 3 : Syntax error, missing 'WHILE' or 'UNTIL' for 'LOOP' : FOR"},
         {inMain("DO WHILE 1\nWEND\n"), "At line 3 : Syntax error, missing 'LOOP' for 'DO' : WEND"},
