@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "script/VeskScript.h"
 #include "scripting/BasicHostFunctions.h"
@@ -16,7 +17,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     script.addFunction("print", Grevan::print);
     script.addFunction("isNull", Grevan::isNull);
     if (!script.parse(std::string(reinterpret_cast<const char*>(data), size))) {
-        script.getLastError();
         return 0;
     }
 #ifdef VESK_FUZZ_RUN
