@@ -3,7 +3,8 @@
 # - each ```basic block is a script file: a block without a FUNCTION is a statement example and
 #   stands as the body of a function Main (the block's lines themselves unchanged); each must load
 #   with `vesk --check --strict` (no error, no warning) and dry-run Main to its end with status 0;
-#   when a ```text block follows it at once, that is the output Main must print;
+#   when a ```text block follows it at once, that is the output Main must print; one that loads a
+#   map is also checked from data/ (vesk --assets, and the dry run loads the map);
 # - each command line of a ```sh block that starts with ../build/ runs from data/, as the documents
 #   say, with the build folder of VESK, and must end with status 0 (so the shipped scripts load and
 #   run, and every file they need is there);
@@ -58,6 +59,13 @@ for example in "$work"/example_*.fb; do
     if [ -f "$work/$name.expected" ] && [ "$actual" != "$(cat "$work/$name.expected")" ]; then
       fail "$name prints"; echo "$actual"; echo "-- instead of"; cat "$work/$name.expected"
     fi
+  fi
+  # An example that loads a map is a level to copy into data/: from there every file it names must
+  # be found, and its dry run must load the map.
+  if grep -q 'loadMap(' "$script"; then
+    out=$(cd "$data" && "$vesk" --assets "$script" 2>&1) || { fail "$name: a file it names is missing:"; echo "$out"; }
+    out=$(cd "$data" && "$vesk" "$script" 2>/dev/null)
+    case $out in *"Cannot load map"*) fail "$name: $out" ;; esac
   fi
 done
 [ "$count" -gt 10 ] || fail "only $count examples found"
