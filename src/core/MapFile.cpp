@@ -22,12 +22,11 @@ bool MapFile::refuse(const std::string& path, const std::string& reason) {
 }
 
 std::string MapFile::checkSize(int pieceCount) const {
-    // A level without area needs no memory, however negative its sides.
-    const long long area = static_cast<long long>(std::max(width, 0)) * std::max(height, 0);
-    if (width > kMaximumLevelSize || height > kMaximumLevelSize || area > kMaximumLevelArea) {
-        return "the level size " + std::to_string(width) + " x " + std::to_string(height) +
-               " is too large: at most " + std::to_string(kMaximumLevelSize) + " pixels each way and " +
-               std::to_string(kMaximumLevelArea) + " in all";
+    // Each side is below 2^31, so their product taken in 64 bits cannot overflow.
+    const long long area = static_cast<long long>(std::max(width, 1)) * std::max(height, 1);
+    if (area > kMaximumLevelArea) {
+        return "the level area " + std::to_string(width) + " x " + std::to_string(height) +
+               " is too large: at most " + std::to_string(kMaximumLevelArea) + " pixels";
     }
     if (pieceCount > kMaximumPieceCount) {
         return "the piece count " + std::to_string(pieceCount) + " is too large: at most " +

@@ -23,15 +23,16 @@ struct MapPiece {
 // what a number too large for an int becomes (the nearest int, after which nothing more is read).
 class MapFile {
   public:
-    // The bounds that keep a level within memory.
-    static constexpr int kMaximumLevelSize = 32768;                 // pixels, each way
-    static constexpr long long kMaximumLevelArea = 32768LL * 2048;  // pixels; the block map's bound
+    // The bounds that keep a level within memory. The area bounds the block map, a bitmap of the
+    // level's size, and the collision grid, whose cells grow with either side; a side of 0 or
+    // less counts as one pixel, so that a level without area cannot be endless the other way.
+    static constexpr long long kMaximumLevelArea = 1LL << 26;  // pixels
     static constexpr int kMaximumPieceCount = 100000;
     // Pieces farther away are placed at this distance: nothing reaches or sees them either way,
     // and the world's pixel arithmetic on them stays within an int.
     static constexpr int kFarthestPiece = 1 << 30;  // pixels, either sign
 
-    // False when the file is refused: it cannot be opened, or its level size or piece count
+    // False when the file is refused: it cannot be opened, or its level area or piece count
     // would exhaust memory. Anything else is accepted quietly: fields that cannot be read keep
     // the values they had (0 before the first record), so a file that promises more records
     // than it holds repeats its last record for each missing one.

@@ -41,7 +41,8 @@ class BlockSystem {
     BlockSystem& operator=(const BlockSystem&) = delete;
 
     // Forgets every object and makes an empty grid and block map for a level of this size
-    // (pixels; positive, bounded by the map loader).
+    // (pixels). The map loader bounds the area, a side of 0 or less counted as one pixel, and with
+    // it both the block map and the grid; a level without area gets no block map.
     void initialize(int width, int height);
     // Frees the grid and the block map; must run while Allegro is still up.
     void cleanup();

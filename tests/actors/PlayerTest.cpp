@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <tuple>
 
 #include "actors/Blood.h"
@@ -175,6 +178,70 @@ TEST_F(PlayerTest, ALivePlayerDrawsTheWeaponInHandAndACorpseDrawsNone) {
         EXPECT_EQ(GrevanTest::differingPixels(buffer, bare) > 0, weaponDrawn) << "slot " << inHand;
     }
     destroy_bitmap(bare);
+}
+
+// The figures docs/maps.md gives level authors, found by playing the soldier on a floor 6000 wide:
+// each row of the document's table must be there with the figure the game's physics gives.
+TEST_F(PlayerTest, TheSizeAndJumpFiguresOfTheMapsDocumentAreTheGamesOwn) {
+    std::string level = "0 6000 400 40 60 80 6";
+    for (int x = 0; x < 6000; x += 1000) {
+        level += " " + folder.reachFrom("image/object", "floor.bmp") + " 0 0 " + std::to_string(x) + " " +
+                 std::to_string(kFloorTop) + " 0 0 0 0";
+    }
+    struct Jump {
+        float takeOffSpeed = 0.0f;  // pixels a frame
+        int rise = 0;               // pixels, of the feet
+        int reach = 0;              // pixels, from take-off to landing
+        int frames = 0;             // in the air
+    };
+    // Runs right for the frames given (none: stands), jumps once, and keeps the direction key held
+    // in the air when asked.
+    auto jump = [&](int runUp, bool holdDirection) {
+        game->loadMap(folder.writeFile("floor.map", level).c_str());
+        me = addStandingPlayer(20);
+        me->moveRight(runUp > 0 || holdDirection);
+        runFrames(runUp);
+        Jump j;
+        j.takeOffSpeed = me->getVelocity().x;
+        const int ground = me->getY();
+        const int start = me->getX();
+        int top = ground;
+        me->jump(true);
+        for (j.frames = 0; j.frames == 0 || (me->isFree() && j.frames < 500); j.frames++) {
+            runFrames(1);
+            me->jump(false);
+            top = std::min(top, me->getY());
+        }
+        EXPECT_EQ(me->getY(), ground) << "landed on the floor again";
+        j.rise = ground - top;
+        j.reach = me->getX() - start;
+        return j;
+    };
+    const Jump standing = jump(0, false);
+    const Jump steered = jump(0, true);
+    const Jump running = jump(150, true);
+    char gain[16];
+    std::snprintf(gain, sizeof gain, "%.2f", jump(10, true).takeOffSpeed / 10);
+    char speed[16];
+    std::snprintf(speed, sizeof speed, "%.2f", running.takeOffSpeed);
+    const std::string rows[] = {
+        "| the player's size | " + std::to_string(me->getWidth()) + " × " + std::to_string(me->getHeight()) +
+            " pixels |",
+        "| running: speed gained each frame | " + std::string(gain) + " pixels a frame |",
+        "| top running speed | " + std::string(speed) + " pixels a frame |",
+        "| standing jump: the feet rise | " + std::to_string(standing.rise) + " pixels |",
+        "| standing jump: time in the air | " + std::to_string(standing.frames) + " frames |",
+        "| standing jump, a direction held in the air: reach | " + std::to_string(steered.reach) +
+            " pixels |",
+        "| running jump at top speed: the feet rise | " + std::to_string(running.rise) + " pixels |",
+        "| running jump at top speed: reach | " + std::to_string(running.reach) + " pixels |",
+    };
+    std::ifstream file(GREVAN_SOURCE_DIR "/docs/maps.md");
+    std::stringstream document;
+    document << file.rdbuf();
+    for (const std::string& row : rows) {
+        EXPECT_NE(document.str().find(row), std::string::npos) << "docs/maps.md should hold the row\n" << row;
+    }
 }
 
 }  // namespace

@@ -6,7 +6,9 @@
 #include <tuple>
 #include <vector>
 
+#include "actors/Gun.h"
 #include "core/MapFile.h"
+#include "support/CombatScene.h"
 #include "support/HeadlessGame.h"
 #include "support/Probe.h"
 #include "support/TestFolder.h"
@@ -109,12 +111,10 @@ TEST_F(MapLoading, PiecesBecomeVisibleObjectsAndRecordsOfOtherKindsAreSkippedInF
 TEST_F(MapLoading, OnlyAnUnopenableFileOrALevelTooLargeForMemoryIsRefusedAndTheLevelStays) {
     load("start.map", kSmallLevel);
     const std::vector<Object*> before = objects().getObjects();
-    const std::string tooLarge = " is too large: at most 32768 pixels each way and 67108864 in all";
     const std::tuple<const char*, const char*, std::string> cases[] = {
         {"missing.map", nullptr, "the file cannot be opened"},
-        {"huge_number.map", "1 99999999999 600 1 2 3 0", "the level size 2147483647 x 0" + tooLarge},
-        {"too_high.map", "1 600 32769 1 2 3 0", "the level size 600 x 32769" + tooLarge},
-        {"too_large.map", "1 32768 32768 1 2 3 0", "the level size 32768 x 32768" + tooLarge},
+        {"too_large.map", "1 32768 32768 1 2 3 0",
+         "the level area 32768 x 32768 is too large: at most 67108864 pixels"},
         {"too_many.map", "1 800 600 1 2 3 100001", "the piece count 100001 is too large: at most 100000"},
     };  // the file's name, its text (null: it does not exist), the reason given
     for (auto [name, text, reason] : cases) {
@@ -212,6 +212,64 @@ TEST_F(MapLoading, MissingPictureLeavesPiecesWithoutImageAndSizeAndIsReportedOnc
     const std::string huge = folder.reachFrom("image/object", "huge.bmp");
     EXPECT_EQ(load("huge_picture.map", ("0 100 100 0 0 0 1 " + huge + " 0 0 0 0 0 0 0 0").c_str()),
               "Failed to load bitmap image/object/" + huge);
+}
+
+TEST(MapFile, ALevelIsRefusedOnlyByItsAreaWithASideOfZeroOrLessCountedAsOnePixel) {
+    TestFolder folder;
+    const std::pair<const char*, const char*> cases[] = {
+        {"40000 600", nullptr},
+        {"8192 8192", nullptr},
+        {"8193 8192", "8193 x 8192"},
+        {"1 67108864", nullptr},
+        {"1 67108865", "1 x 67108865"},
+        {"67108865 0", "67108865 x 0"},
+        {"0 0", nullptr},
+        {"-40000 -40000", nullptr},
+        {"-1 2147483647", "-1 x 2147483647"},
+        {"65536 65536", "65536 x 65536"},
+        {"2147483647 2147483647", "2147483647 x 2147483647"},
+        {"99999999999 600", "2147483647 x 0"},  // beyond an int: the largest, and reading stops
+    };  // the width and height written, the size the refusal names (null: the level is accepted)
+    for (auto [size, refused] : cases) {
+        const std::string path = folder.writeFile("level.map", std::string("1 ") + size + " 1 2 3 0");
+        Grevan::MapFile file;
+        EXPECT_EQ(file.read(path.c_str()), refused == nullptr) << size;
+        EXPECT_EQ(file.getRefusal(), refused ? "Cannot load map " + path + ": the level area " + refused +
+                                                   " is too large: at most 67108864 pixels"
+                                             : "")
+            << size;
+    }
+}
+
+using WideLevel = CombatScene;
+
+TEST_F(WideLevel, FarBeyond32768PixelsABodyWalksABulletFliesAndHitsAndTheCameraFollows) {
+    const std::string floor = folder.reachFrom("image/object", "floor.bmp");
+    const std::string level =
+        "1 40000 600 40 60 80 1 " + floor + " 0 0 38500 " + std::to_string(kFloorTop) + " 0 0 0 0";
+    game->loadMap(folder.writeFile("wide.map", level).c_str());
+    ASSERT_EQ(map().getWidth(), 40000);
+    me = addStandingPlayer(39000);
+    game->setMainPlayer(me);
+    me->show();
+    me->moveRight(true);
+    runFrames(30);
+    me->moveRight(false);
+    runFrames(20);
+    EXPECT_GT(me->getX(), 39000);
+    EXPECT_FALSE(me->isFree()) << "still on the floor";
+    EXPECT_EQ(map().getClientX(), me->getCentralX() - 400);
+    const int left = me->getX() - map().getClientX();
+    const int top = me->getY() - map().getClientY();
+    EXPECT_LT(GrevanTest::pixelsOf(buffer, makecol(40, 60, 80), left, top, left + 31, top + 47),
+              32 * 48 * 3 / 4)
+        << "the player's figure covers at least a quarter of his rectangle on the screen";
+    Grevan::Player* target = addStandingPlayer(39400, "raider");
+    Grevan::Gun* gun = arm<Grevan::Gun>(me, 0);
+    me->aim(target->getX(), target->getY());
+    ASSERT_TRUE(gun->fire(target->getX(), target->getY()));
+    runFrames(8);
+    EXPECT_EQ(target->getHealth(), 90) << "a hit on the top row";
 }
 
 }  // namespace

@@ -3,10 +3,12 @@
 # - each ```basic block is a script file: a block without a FUNCTION is a statement example and
 #   stands as the body of a function Main (the block's lines themselves unchanged); each must load
 #   with `vesk --check --strict` (no error, no warning) and dry-run Main to its end with status 0;
-#   when a ```text block follows it at once, that is the output Main must print;
+#   when a ```text block follows it at once, that is the output Main must print; one that loads a
+#   map is also checked from data/ (vesk --assets, and the dry run loads the map);
 # - each command line of a ```sh block that starts with ../build/ runs from data/, as the documents
 #   say, with the build folder of VESK, and must end with status 0 (so the shipped scripts load and
-#   run, and every file they need is there).
+#   run, and every file they need is there);
+# - the table of shipped pictures matches data/image/object/.
 # IMPORT examples find empty files lib/helpers.fb and lib/weapons.fb beside them.
 # Usage: examples_test.sh VESK DATA_FOLDER DOCUMENT...
 set -uo pipefail
@@ -58,6 +60,13 @@ for example in "$work"/example_*.fb; do
       fail "$name prints"; echo "$actual"; echo "-- instead of"; cat "$work/$name.expected"
     fi
   fi
+  # An example that loads a map is a level to copy into data/: from there every file it names must
+  # be found, and its dry run must load the map.
+  if grep -q 'loadMap(' "$script"; then
+    out=$(cd "$data" && "$vesk" --assets "$script" 2>&1) || { fail "$name: a file it names is missing:"; echo "$out"; }
+    out=$(cd "$data" && "$vesk" "$script" 2>/dev/null)
+    case $out in *"Cannot load map"*) fail "$name: $out" ;; esac
+  fi
 done
 [ "$count" -gt 10 ] || fail "only $count examples found"
 
@@ -68,5 +77,19 @@ while read -r line; do
   (cd "$data" && eval "$command") >/dev/null 2>&1 || fail "from data/: $line"
 done < <(cat "$work/commands.sh" 2>/dev/null)
 
-echo "$count examples, $commands commands, $failures failures"
+# The table of shipped pictures (rows "| `NAME.bmp` | W × H | ...") lists every file of
+# data/image/object/ with the size its BMP header gives, and no other.
+listed=$(sed -n 's/^| `\([^`]*\.bmp\)` | \([0-9]*\) × \([0-9]*\) |.*/\1 \2 \3/p' "$@" | sort)
+shipped=$(for picture in "$data"/image/object/*.bmp; do
+  width=$(od -An -t d4 -j 18 -N 4 "$picture" | tr -d ' ')
+  height=$(od -An -t d4 -j 22 -N 4 "$picture" | tr -d ' -')
+  echo "$(basename "$picture") $width $height"
+done | sort)
+pictures=$(echo "$shipped" | wc -l)
+if [ "$listed" != "$shipped" ]; then
+  fail "the picture table differs from data/image/object/ (< table, > files):"
+  diff <(echo "$listed") <(echo "$shipped")
+fi
+
+echo "$count examples, $commands commands, $pictures pictures, $failures failures"
 [ "$failures" -eq 0 ]

@@ -1,9 +1,10 @@
 // mapview [--outlines] [--camera X,Y] MAP PICTURE.png
 // Renders a map file, run from the game's working directory (data/) so that the piece pictures
 // resolve as in the game, to a PNG: the whole level, or with --camera the one 800 x 600 screen
-// whose top-left corner is at X,Y of the level. --outlines draws the collision outlines of the
-// solid pieces over them. Exit status: 0 written, 1 the map is refused or the picture cannot be
-// written, 2 wrong usage.
+// whose top-left corner is at X,Y of the level (each within 2^30 pixels of 0, as pieces are).
+// --outlines draws the collision outlines of the solid pieces over them. Exit status: 0 written,
+// 1 the map is refused, the level has no area to draw or the picture cannot be written, 2 wrong
+// usage.
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,12 +28,18 @@ struct Options {
     std::vector<std::string> operands;
 };
 
+// A camera as far out as pieces go at most: beyond, a screen shows only the background, and the
+// distance from a piece to the camera would no longer fit in an int.
+bool isWithinReach(int coordinate) {
+    return -Grevan::MapFile::kFarthestPiece <= coordinate && coordinate <= Grevan::MapFile::kFarthestPiece;
+}
+
 bool readCamera(const std::string& text, Options& options) {
     char comma = 0;
     char rest = 0;
     options.camera = true;
     return std::sscanf(text.c_str(), "%d%c%d%c", &options.cameraX, &comma, &options.cameraY, &rest) == 3 &&
-           comma == ',';
+           comma == ',' && isWithinReach(options.cameraX) && isWithinReach(options.cameraY);
 }
 
 bool readOptions(int argc, char** argv, Options& options) {
@@ -71,6 +78,12 @@ int main(int argc, char** argv) {
     setenv("ALSOFT_DRIVERS", "null", 0);
     Grevan::Game game(Grevan::StartMode::HEADLESS);
     game.loadMap(mapPath.c_str());
+    const int width = game.getMapSystem().getWidth();
+    const int height = game.getMapSystem().getHeight();
+    if (!options.camera && (width <= 0 || height <= 0)) {
+        std::cerr << "mapview: the level " << width << " x " << height << " has no area to draw\n";
+        return 1;
+    }
     MapPreview preview(game);
     BitmapPtr picture = options.camera
                             ? preview.renderScreen(options.cameraX, options.cameraY, options.outlines)
