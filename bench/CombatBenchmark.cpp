@@ -63,7 +63,7 @@ class CombatScene {
             p->setHealth(kEndlessHealth);
             p->show();
             arm(p);
-            game.addPlayer(p);
+            game.addPlayer(std::unique_ptr<Player>(p));
         }
         game.setMainPlayer(game.getPlayers()[kPlayers / 2]);
         if (presentation == Presentation::WHOLE_FRAME) {

@@ -1,5 +1,7 @@
 #include "actors/Grenade.h"
 
+#include <memory>
+
 #include "actors/GrenadeThrown.h"
 #include "core/Game.h"
 #include "world/ObjectSystem.h"
@@ -23,7 +25,8 @@ bool Grenade::fire(int x, int y) {
     int muzzleX = 0;
     int muzzleY = 0;
     muzzlePoint(x, y, &muzzleX, &muzzleY);
-    Game::getInstance()->getObjectSystem().addObject(new GrenadeThrown(owner, muzzleX, muzzleY, x, y, 0));
+    Game::getInstance()->getObjectSystem().addObject(
+        std::make_unique<GrenadeThrown>(owner, muzzleX, muzzleY, x, y, 0));
     return true;
 }
 

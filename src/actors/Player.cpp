@@ -1,6 +1,7 @@
 #include "actors/Player.h"
 
 #include <cstdio>
+#include <memory>
 #include <cstdlib>
 
 #include "actors/Blood.h"
@@ -197,7 +198,7 @@ bool Player::hit(int x, int y, const Vector& impulse) {
     // Blood flows even from a corpse.
     ObjectSystem& objects = Game::getInstance()->getObjectSystem();
     for (int i = 0; i < damage; i++) {
-        objects.addObject(new Blood(x, y, impulse));
+        objects.addObject(std::make_unique<Blood>(x, y, impulse));
     }
     if (isAlive()) {
         health -= damage;

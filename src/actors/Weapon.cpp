@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cmath>
+#include <memory>
 
 #include "actors/Bullet.h"
 #include "actors/Player.h"
@@ -141,7 +142,7 @@ bool Weapon::fireBullet(int x, int y, int recoil, const char* shotSound) {
     int muzzleX = 0;
     int muzzleY = 0;
     muzzlePoint(x, y, &muzzleX, &muzzleY);
-    game->getObjectSystem().addObject(new Bullet(owner, muzzleX, muzzleY, x, y));
+    game->getObjectSystem().addObject(std::make_unique<Bullet>(owner, muzzleX, muzzleY, x, y));
     game->getSoundSystem().playSound(shotSound);
     return true;
 }

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 
 #include "actors/Player.h"
 #include "core/FramePacer.h"
@@ -160,9 +161,11 @@ void Game::drawStatusLines(BITMAP* buffer, const StatusFigures& figures) {
     }
 }
 
-void Game::addPlayer(Player* player) {
-    objectSystem.addObject(player);
-    players.push_back(player);
+Player* Game::addPlayer(std::unique_ptr<Player> player) {
+    Player* link = player.get();
+    objectSystem.addObject(std::move(player));
+    players.push_back(link);
+    return link;
 }
 
 Player* Game::getPlayer(int playerId) {
@@ -193,14 +196,14 @@ void Game::loadMap(const char* path) {
     blockSystem.initialize(map.getWidth(), map.getHeight());
     mapSystem.setBackgroundColor(map.getRed(), map.getGreen(), map.getBlue());
     for (const MapPiece& piece : map.getPieces()) {
-        Object* o = new Object();
+        auto o = std::make_unique<Object>();
         o->setX(piece.x);
         o->setY(piece.y);
         o->setLayer(static_cast<MapLayer>(piece.layer));
         o->showSharedImage(pictureCache.get("image/object/" + piece.image));
         o->setCollidable(piece.solid);
         o->show();
-        objectSystem.addObject(o);
+        objectSystem.addObject(std::move(o));
     }
 }
 

@@ -150,7 +150,7 @@ TEST_F(WeaponTest, ShotsLeaveHalfThePictureWidthFromTheCentreOrTheCentreWithoutA
     std::string printed = GrevanTest::printedBy([&] {
         bare = new Player("bare", "nobody");
         bare->setPosition(Vector(300, 200));
-        objects().addObject(bare);
+        objects().addObject(std::unique_ptr<Player>(bare));
         pictureless = arm<Gun>(bare, 0);
     });
     EXPECT_NE(printed.find("Failed to load bitmap image/role/nobody/gun.bmp"), std::string::npos) << printed;

@@ -48,7 +48,7 @@ TEST_F(GameFrame, FrameMovesReapsAndThenWritesOnlyTheFpsLineWithoutAMainPlayer) 
     bool deleted = false;
     doomed->deleted = &deleted;
     doomed->onMove = [doomed] { doomed->die(); };
-    objects().addObject(doomed);
+    objects().addObject(std::unique_ptr<Probe>(doomed));
     game->playFrame(buffer, 17);
     EXPECT_TRUE(deleted) << "moved, died and reaped in the frame";
     EXPECT_EQ(map().getClientX(), 0) << "no main player: the camera stays";
@@ -67,8 +67,8 @@ TEST_F(GameFrame, AnIdSharedByTwoPlayersFindsTheFirstAdded) {
     Player* first = new Player("first", "soldier");
     srand(3);
     Player* second = new Player("second", "soldier");
-    game->addPlayer(first);
-    game->addPlayer(second);
+    game->addPlayer(std::unique_ptr<Player>(first));
+    game->addPlayer(std::unique_ptr<Player>(second));
     EXPECT_EQ(game->getPlayer(second->getPlayerId()), first);
     EXPECT_EQ(game->getPlayer(first->getPlayerId() + 1), nullptr);
 }

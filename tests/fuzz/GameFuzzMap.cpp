@@ -35,7 +35,7 @@ Player* addArmedPlayer(const char* role, int x) {
         p->getWeapon(slot)->addBullets(100);
     }
     p->setEquipment(1);
-    game->addPlayer(p);
+    game->addPlayer(std::unique_ptr<Player>(p));
     return p;
 }
 
