@@ -1,8 +1,7 @@
 #include "actors/Player.h"
 
-#include <cstdio>
-#include <memory>
 #include <cstdlib>
+#include <memory>
 
 #include "actors/Blood.h"
 #include "actors/Weapon.h"
@@ -20,11 +19,8 @@ Player::Player(const std::string& playerName, const std::string& playerRole) : P
     setRole(playerRole);
 }
 
-Player::~Player() {
-    for (Weapon* w : weapons) {
-        delete w;
-    }
-}
+// Defined here, where a Weapon is a complete type that the slots can delete.
+Player::~Player() = default;
 
 void Player::initialize() {
     name = "NoName";
@@ -46,8 +42,8 @@ void Player::initialize() {
     equipment = 0;
     movingLeft = movingRight = firing = jumping = false;
     actionOn = false;
-    for (Weapon*& w : weapons) {
-        w = nullptr;
+    for (std::unique_ptr<Weapon>& w : weapons) {
+        w.reset();
     }
     setMass(kMass);
 }
@@ -160,24 +156,18 @@ void Player::setAction(const PlayerAction& order) {
     actionOn = true;
 }
 
-void Player::setWeapon(int slot, Weapon* w) {
+void Player::setWeapon(int slot, std::unique_ptr<Weapon> w) {
     if (slot < 0 || slot >= kSlotCount) {
-        printf("No weapon slot %d\n", slot);
-        delete w;
         return;
     }
-    Weapon* old = weapons[slot];
-    if (old && old != w) {
-        if (equipment == slot) {
-            equipment = 0;
-        }
-        delete old;
+    if (weapons[slot] && equipment == slot) {
+        equipment = 0;
     }
-    weapons[slot] = w;
+    weapons[slot] = std::move(w);
 }
 
 Weapon* Player::getWeapon(int slot) const {
-    return slot >= 0 && slot < kSlotCount ? weapons[slot] : nullptr;
+    return slot >= 0 && slot < kSlotCount ? weapons[slot].get() : nullptr;
 }
 
 Weapon* Player::getCurrentWeapon() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "actors/Animation.h"
@@ -23,7 +24,6 @@ class Player : public RealBody {
 
     Player();
     Player(const std::string& name, const std::string& role);
-    // Deletes the weapons in its slots.
     ~Player() override;
 
     void initialize();
@@ -60,9 +60,9 @@ class Player : public RealBody {
     void setAction(const PlayerAction& order);
     void stopAction() { actionOn = false; }
 
-    // Takes ownership of w. A weapon already in the slot is deleted, and deselected when in
-    // hand; the new one is not selected.
-    void setWeapon(int slot, Weapon* w);
+    // A weapon already in the slot is deleted, and deselected when in hand; the new one is not
+    // selected. A slot outside 0 to 3 takes nothing, and w goes.
+    void setWeapon(int slot, std::unique_ptr<Weapon> w);
     Weapon* getWeapon(int slot) const;
     // The slot that equipment names, slot 0 included; null outside the slots.
     Weapon* getCurrentWeapon() const;
@@ -132,7 +132,7 @@ class Player : public RealBody {
     int aimY = 0;
     PlayerAction action;
     bool actionOn = false;
-    Weapon* weapons[kSlotCount] = {};  // owned
+    std::unique_ptr<Weapon> weapons[kSlotCount];
 };
 
 }  // namespace Grevan

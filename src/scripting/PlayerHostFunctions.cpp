@@ -1,5 +1,7 @@
 // Host functions: weapons and orders to a player.
 
+#include <memory>
+
 #include "actors/Grenade.h"
 #include "actors/Gun.h"
 #include "actors/Pistol.h"
@@ -13,14 +15,14 @@ namespace Grevan {
 namespace {
 
 // The weapon a filled slot of that number holds: 1 a pistol, 2 a gun, 3 grenades.
-Weapon* makeWeapon(int slot, Player* holder) {
+std::unique_ptr<Weapon> makeWeapon(int slot, Player* holder) {
     switch (slot) {
         case 1:
-            return new Pistol(holder);
+            return std::make_unique<Pistol>(holder);
         case 2:
-            return new Gun(holder);
+            return std::make_unique<Gun>(holder);
         case 3:
-            return new Grenade(holder);
+            return std::make_unique<Grenade>(holder);
         default:
             return nullptr;
     }
@@ -36,8 +38,9 @@ void addPlayerWeapon(HostStack& stack, VeskVariable&, int) {
     withPlayer(a.integer(1), [&](Player& p) {
         Weapon* w = p.getWeapon(slot);
         if (!w) {
-            w = makeWeapon(slot, &p);
-            p.setWeapon(slot, w);
+            std::unique_ptr<Weapon> made = makeWeapon(slot, &p);
+            w = made.get();
+            p.setWeapon(slot, std::move(made));
         }
         if (w) {
             w->addBullets(a.integer(3));
