@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "world/MapLayer.h"
+#include "world/OwnedBitmap.h"
 #include "world/Rect.h"
 #include "world/Vector.h"
 
@@ -87,8 +88,7 @@ class Object {
     int getCentralY() const { return getY() + getHeight() / 2; }
 
   protected:
-    BITMAP* image = nullptr;  // the object's own unless imageShared
-    bool imageShared = false;
+    BITMAP* image = nullptr;  // ownImage, or a picture shared with other objects
     int width = 0;
     int height = 0;
     bool visible = false;
@@ -107,7 +107,7 @@ class Object {
   private:
     friend class RealBody;
 
-    void releaseImage();
+    OwnedBitmap ownImage;  // null while the picture is shared or there is none
 
     static int objectIdGenerator;
     // The bodies whose board this object is, kept by RealBody::setBoard; they lose their
