@@ -34,10 +34,10 @@ TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
         return nullptr;
     };
     long counter = 0;
-    void* first = Grevan::createThread(&counter, countUnderTheLock);
-    void* second = Grevan::createThread(&counter, countUnderTheLock);
-    Grevan::joinThread(first);
-    Grevan::joinThread(second);
+    auto first = Grevan::createThread(&counter, countUnderTheLock);
+    auto second = Grevan::createThread(&counter, countUnderTheLock);
+    Grevan::joinThread(std::move(first));
+    Grevan::joinThread(std::move(second));
     EXPECT_EQ(counter, 200000);
 }
 
