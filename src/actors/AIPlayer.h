@@ -32,6 +32,8 @@ class AIPlayer : public Player {
   private:
     void decide();
     void shootIfInSight(Player* target);
+    // Towards the left end of the map on an even draw, the right end on an odd one.
+    void walkTowardsAnEnd();
     // Stops the walk near either end of the board, whichever way it goes.
     void guardEdges(Object* board);
 
