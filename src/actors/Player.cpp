@@ -53,7 +53,7 @@ void Player::setRole(const std::string& newRole) {
     std::string path = "image/role/" + role + "/config.dat";
     animation.clear();
     animation.load(path.c_str());
-    if (!animation.hasAction(0)) {
+    if (!animation.hasAction(kWalkingAction)) {
         allegro_message("Role %s has no picture: %s is missing or has no walking action 0.", role.c_str(),
                         path.c_str());
         // Half a role is no role: the player stays without any picture, dying included.
@@ -66,27 +66,17 @@ void Player::setRole(const std::string& newRole) {
 
 void Player::act(PlayerState newState) {
     state = newState;
-    switch (static_cast<int>(newState)) {
-        case PLAYER_WALK:
-            animating = true;
-            animation.setAction(0, true);
-            break;
-        case PLAYER_DEAD:
-            // The dying sequence stays on its last frame.
-            animating = true;
-            animation.setAction(3, false);
-            break;
-        case 2:
-        case 3:
-        case 4:
-        case 5:
-        case 7:
-            break;
-        default:
-            animating = false;
-            animation.setAction(0);
-            animation.setFrame(0);
-            break;
+    if (newState == PLAYER_WALK) {
+        animating = true;
+        animation.setAction(kWalkingAction, true);
+    } else if (newState == PLAYER_DEAD) {
+        // The dying sequence stays on its last frame.
+        animating = true;
+        animation.setAction(kDyingAction, false);
+    } else if (newState == PLAYER_STAND || newState < PLAYER_STAND || newState > PLAYER_LAST_STATE) {
+        animating = false;
+        animation.setAction(kWalkingAction);
+        animation.setFrame(0);
     }
 }
 

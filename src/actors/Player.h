@@ -21,6 +21,10 @@ class Player : public RealBody {
     static const int kMass = 50;
     static const int kFullHealth = 100;
     static const int kHeadshotDamage = 10;  // a hit on the picture's top row
+    // Action ids in a role's description: walking, whose first frame is also the standing
+    // picture, and dying.
+    static const int kWalkingAction = 0;
+    static const int kDyingAction = 3;
 
     Player();
     Player(const std::string& name, const std::string& role);

@@ -97,7 +97,7 @@ void Player::walkScripted(float velocityX, int facing) {
     if (!animating) {
         animation.setDirection(facing);
         animating = true;
-        animation.setAction(0, true);
+        animation.setAction(kWalkingAction, true);
     }
 }
 

@@ -153,11 +153,12 @@ void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
 
 void Game::drawStatusLines(BITMAP* buffer, const StatusFigures& figures) {
     int white = makecol(255, 255, 255);
-    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", figures.framesLastSecond,
-                  figures.objectCount);
+    textprintf_ex(buffer, font, 20, 0, white, kClearTextBackground, "FPS: %d  Objects: %d",
+                  figures.framesLastSecond, figures.objectCount);
     if (figures.hasMainPlayer) {
-        textprintf_ex(buffer, font, 200, 0, white, -1, "Kills: %d  Headshots: %d  X: %d  Y: %d",
-                      figures.kills, figures.headshots, figures.x, figures.y);
+        textprintf_ex(buffer, font, 200, 0, white, kClearTextBackground,
+                      "Kills: %d  Headshots: %d  X: %d  Y: %d", figures.kills, figures.headshots, figures.x,
+                      figures.y);
     }
 }
 

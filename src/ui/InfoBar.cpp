@@ -85,7 +85,8 @@ void InfoBar::draw(BITMAP* target) {
     blit(bloodImage, target, 0, 0, kBarX, kHealthBarY, defendImage->w * blood / 100, defendImage->h);
     blit(defendImage, target, 0, 0, kBarX, kArmourBarY, defendImage->w * defend / 100, defendImage->h);
     if (w) {
-        textprintf_ex(target, font, kReserveX, kReserveY, makecol(255, 255, 255), -1, "%d", backup);
+        textprintf_ex(target, font, kReserveX, kReserveY, makecol(255, 255, 255), kClearTextBackground, "%d",
+                      backup);
         for (int i = 0; i < bullet; i++) {
             draw_sprite(target, bulletImage, kCartridgeX + kCartridgeStep * i, kCartridgeY);
         }

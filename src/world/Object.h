@@ -26,6 +26,8 @@ class Object {
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
 
+    static constexpr int kUnlimitedLifetime = -1;
+
     virtual void draw(BITMAP* target, int cameraX, int cameraY);
     virtual void move();
     virtual void stop();
@@ -93,7 +95,7 @@ class Object {
     int height = 0;
     bool visible = false;
     bool dead = false;
-    int lifetime = -1;  // frames; -1 is unlimited
+    int lifetime = kUnlimitedLifetime;  // frames
     Vector position;
     Vector velocity;
     Vector acceleration;
