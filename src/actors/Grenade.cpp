@@ -8,15 +8,7 @@
 
 namespace Grevan {
 
-namespace {
-const int kMagazine = 1;     // grenades
-const int kFireDelay = 1;    // frames
-const int kReloadTime = 50;  // frames
-}  // namespace
-
-Grenade::Grenade(Player* holder) : Weapon(holder, "grenade") {
-    setCapacity(kMagazine, kFireDelay, kReloadTime);
-}
+Grenade::Grenade(Player* holder) : Weapon(holder, WeaponKind::kGrenade) {}
 
 bool Grenade::fire(int x, int y) {
     if (!Weapon::fire(x, y)) {
