@@ -100,14 +100,9 @@ void AIPlayer::guardEdges(Object* board) {
     }
 }
 
-void AIPlayer::doMoveLeft() {
-    aim(getCentralX() - getWidth(), getCentralY());
-    Player::doMoveLeft();
-}
-
-void AIPlayer::doMoveRight() {
-    aim(getCentralX() + getWidth(), getCentralY());
-    Player::doMoveRight();
+void AIPlayer::doMove(Facing facing) {
+    aim(getCentralX() + signOf(facing) * getWidth(), getCentralY());
+    Player::doMove(facing);
 }
 
 void AIPlayer::doFire() {

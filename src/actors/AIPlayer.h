@@ -25,8 +25,7 @@ class AIPlayer : public Player {
 
     void move() override;
     // A walking opponent points its weapon straight ahead.
-    void doMoveLeft() override;
-    void doMoveRight() override;
+    void doMove(Facing facing) override;
     void doFire() override;
 
   private:

@@ -80,32 +80,19 @@ void Player::act(PlayerState newState) {
     }
 }
 
-void Player::moveLeft(bool on) {
+void Player::walk(Facing facing, bool on) {
     if (!isAlive()) {
         return;
     }
-    movingLeft = on;
+    const bool towardsLeft = facing == FACING_LEFT;
+    bool& held = towardsLeft ? movingLeft : movingRight;
+    const bool otherHeld = towardsLeft ? movingRight : movingLeft;
+    held = on;
     if (on) {
-        animation.setDirection(1);
+        animation.setDirection(facing);
         act(PLAYER_WALK);
-    } else if (movingRight) {
-        // The other key, still held, takes over.
-        moveRight(true);
-    } else {
-        stopMoving();
-    }
-}
-
-void Player::moveRight(bool on) {
-    if (!isAlive()) {
-        return;
-    }
-    movingRight = on;
-    if (on) {
-        animation.setDirection(0);
-        act(PLAYER_WALK);
-    } else if (movingLeft) {
-        moveLeft(true);
+    } else if (otherHeld) {
+        walk(towardsLeft ? FACING_RIGHT : FACING_LEFT, true);
     } else {
         stopMoving();
     }

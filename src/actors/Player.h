@@ -40,8 +40,8 @@ class Player : public RealBody {
     // scripted walk.
     bool collide(Object* other) override;
     virtual void doFire();
-    virtual void doMoveLeft();
-    virtual void doMoveRight();
+    // One frame of walking: a step in the air, a push on the ground.
+    virtual void doMove(Facing facing);
     void doJump();
     void doPlayerAction();
 
@@ -52,8 +52,8 @@ class Player : public RealBody {
     // and values outside 0 to 7 draw as PLAYER_STAND.
     void act(PlayerState newState);
 
-    void moveLeft(bool on);
-    void moveRight(bool on);
+    void moveLeft(bool on) { walk(FACING_LEFT, on); }
+    void moveRight(bool on) { walk(FACING_RIGHT, on); }
     void jump(bool on);
     // Also stops firing and jumping.
     void stopMoving();
@@ -111,8 +111,11 @@ class Player : public RealBody {
   protected:
     // The weapon in hand: slots 1 to 3 only, and only when filled.
     Weapon* weaponInHand() const;
-    // One frame of a scripted walk at velocityX pixels a frame, facing `facing` (1 left, 0 right).
-    void walkScripted(float velocityX, int facing);
+    // The key for that direction pressed or released. Released while the other one is still
+    // held, the other takes over; released alone, the player stops.
+    void walk(Facing facing, bool on);
+    // One frame of a scripted walk at `speed` pixels a frame towards facing.
+    void walkScripted(Facing facing, float speed);
 
     std::string name;
     int playerId = 0;
