@@ -63,7 +63,7 @@ class CombatScene {
             p->setHealth(kEndlessHealth);
             p->show();
             arm(p);
-            game.addPlayer(p);
+            game.addPlayer(std::unique_ptr<Player>(p));
         }
         game.setMainPlayer(game.getPlayers()[kPlayers / 2]);
         if (presentation == Presentation::WHOLE_FRAME) {
@@ -127,10 +127,10 @@ class CombatScene {
     static void arm(Player* p) {
         auto* gun = new Grevan::Gun(p);
         gun->addBullets(100000);
-        p->setWeapon(kGunSlot, gun);
+        p->setWeapon(kGunSlot, std::unique_ptr<Grevan::Gun>(gun));
         auto* grenades = new Grevan::Grenade(p);
         grenades->addBullets(1000);
-        p->setWeapon(kGrenadeSlot, grenades);
+        p->setWeapon(kGrenadeSlot, std::unique_ptr<Grevan::Grenade>(grenades));
         p->setEquipment(kGunSlot);
     }
 

@@ -56,7 +56,7 @@ class World {
         o->setY(y);
         o->setCollidable(true);
         o->show();
-        game.getObjectSystem().addObject(o);
+        game.getObjectSystem().addObject(std::unique_ptr<Object>(o));
         return o;
     }
 

@@ -1,10 +1,27 @@
 #include "actors/AIPlayer.h"
 
 #include <cstdlib>
+#include <iterator>
 
 #include "core/Game.h"
 
 namespace Grevan {
+
+namespace {
+
+// What an opponent does when it decides.
+enum Decision {
+    DECISION_SHOOT,  // at the main player, if he is in sight
+    DECISION_WALK,   // towards either end of the map, if it stands on something
+    DECISION_IDLE,
+};
+
+// One rand() draw picks a row: four chances in seven to shoot, one to walk, two to do nothing.
+const Decision kDecisionByDraw[] = {DECISION_SHOOT, DECISION_SHOOT, DECISION_SHOOT, DECISION_SHOOT,
+                                    DECISION_WALK,  DECISION_IDLE,  DECISION_IDLE};
+const int kDecisionDraws = static_cast<int>(std::size(kDecisionByDraw));
+
+}  // namespace
 
 AIPlayer::AIPlayer(const std::string& name, const std::string& role) : Player(name, role) {}
 
@@ -30,18 +47,29 @@ void AIPlayer::move() {
 }
 
 void AIPlayer::decide() {
-    int r = rand() % 7;
-    if (r <= 3) {
-        shootIfInSight(Game::getInstance()->getMainPlayer());
-    } else if (r == 4 && getBoard()) {
-        PlayerAction walk;
-        walk.type = ACTION_MOVE_TO;
-        walk.x = Game::getInstance()->getMapSystem().getWidth();
-        if ((rand() & 1) == 0) {
-            walk.x = -walk.x;
-        }
-        setAction(walk);
+    switch (kDecisionByDraw[rand() % kDecisionDraws]) {
+        case DECISION_SHOOT:
+            shootIfInSight(Game::getInstance()->getMainPlayer());
+            break;
+        case DECISION_WALK:
+            if (getBoard()) {
+                walkTowardsAnEnd();
+            }
+            break;
+        case DECISION_IDLE:
+            break;
     }
+}
+
+void AIPlayer::walkTowardsAnEnd() {
+    // A target beyond the map's end: the walk ends at the board's edge or on a bump, never on arrival.
+    PlayerAction walk;
+    walk.type = ACTION_MOVE_TO;
+    walk.x = Game::getInstance()->getMapSystem().getWidth();
+    if ((rand() & 1) == 0) {
+        walk.x = -walk.x;
+    }
+    setAction(walk);
 }
 
 void AIPlayer::shootIfInSight(Player* target) {
@@ -72,14 +100,9 @@ void AIPlayer::guardEdges(Object* board) {
     }
 }
 
-void AIPlayer::doMoveLeft() {
-    aim(getCentralX() - getWidth(), getCentralY());
-    Player::doMoveLeft();
-}
-
-void AIPlayer::doMoveRight() {
-    aim(getCentralX() + getWidth(), getCentralY());
-    Player::doMoveRight();
+void AIPlayer::doMove(Facing facing) {
+    aim(getCentralX() + signOf(facing) * getWidth(), getCentralY());
+    Player::doMove(facing);
 }
 
 void AIPlayer::doFire() {

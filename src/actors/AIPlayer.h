@@ -25,13 +25,14 @@ class AIPlayer : public Player {
 
     void move() override;
     // A walking opponent points its weapon straight ahead.
-    void doMoveLeft() override;
-    void doMoveRight() override;
+    void doMove(Facing facing) override;
     void doFire() override;
 
   private:
     void decide();
     void shootIfInSight(Player* target);
+    // Towards the left end of the map on an even draw, the right end on an odd one.
+    void walkTowardsAnEnd();
     // Stops the walk near either end of the board, whichever way it goes.
     void guardEdges(Object* board);
 

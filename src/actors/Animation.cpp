@@ -68,7 +68,7 @@ void Animation::draw(BITMAP* target, int x, int y) {
     if (!image) {
         return;
     }
-    if (direction == 1) {
+    if (direction == FACING_LEFT) {
         draw_sprite_h_flip(target, image, x, y);
     } else {
         draw_sprite(target, image, x, y);

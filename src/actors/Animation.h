@@ -9,6 +9,14 @@
 
 namespace Grevan {
 
+// Which way a character faces; an animation facing left is drawn mirrored.
+enum Facing : int { FACING_RIGHT = 0, FACING_LEFT = 1 };
+
+// The sign of a step along x in that direction: -1 left, +1 right.
+inline int signOf(Facing facing) {
+    return facing == FACING_LEFT ? -1 : 1;
+}
+
 // The frames of one character role and their playback: a current action, a current frame, a
 // frame-delay countdown, a loop flag and a facing direction.
 class Animation {
@@ -41,7 +49,7 @@ class Animation {
     int getAction() const { return action; }
     int getFrame() const { return frame; }
     int getDirection() const { return direction; }
-    // 1 draws mirrored (facing left); any other value draws as stored.
+    // FACING_LEFT draws mirrored; any other value draws as stored.
     void setDirection(int d) { direction = d; }
     bool isLooping() const { return loop; }
     int getActionCount() const { return actionCount; }

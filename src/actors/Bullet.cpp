@@ -1,5 +1,7 @@
 #include "actors/Bullet.h"
 
+#include <memory>
+
 #include "actors/FireStar.h"
 #include "actors/LaunchVelocity.h"
 #include "actors/Player.h"
@@ -40,7 +42,7 @@ void Bullet::arrive() {
     setX(endX);
     setY(endY);
     Game* game = Game::getInstance();
-    game->getObjectSystem().addObject(new FireStar(endX, endY));
+    game->getObjectSystem().addObject(std::make_unique<FireStar>(endX, endY));
     // Whoever stands on the end point now is hit, not whoever stood there at the shot.
     Player* victim = dynamic_cast<Player*>(game->getBlockSystem().getObjectByPosition(endX, endY));
     if (victim && victim != owner) {

@@ -5,12 +5,6 @@
 
 namespace Grevan {
 
-Explosion::Explosion(Player* thrower, int x, int y) : owner(thrower) {
-    setX(x);
-    setY(y);
-    show();
-}
-
 void Explosion::move() {
     for (Player* player : Game::getInstance()->getPlayers()) {
         int cx = player->getCentralX();
@@ -23,11 +17,7 @@ void Explosion::move() {
             player->hitBy(owner, cx, cy, away.normalized());
         }
     }
-    radius += kGrowth;
-    life--;
-    if (life < 1) {
-        die();
-    }
+    GrowingCircle::move();
 }
 
 void Explosion::draw(BITMAP* target, int cameraX, int cameraY) {

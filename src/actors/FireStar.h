@@ -1,24 +1,17 @@
 #pragma once
 
-#include "world/Object.h"
+#include "actors/GrowingCircle.h"
 
 namespace Grevan {
 
 // The yellow ring where a bullet ends: it grows from 1 to 10 pixels over its 10 frames.
-class FireStar : public Object {
+class FireStar : public GrowingCircle {
   public:
-    static const int kLife = 10;  // frames
+    static const int kGrowth = 1;  // pixels of radius per frame
 
-    FireStar(int x, int y);
+    FireStar(int x, int y) : GrowingCircle(x, y, kGrowth) {}
 
     void draw(BITMAP* target, int cameraX, int cameraY) override;
-    void move() override;
-
-    int getRadius() const { return radius; }
-
-  private:
-    int life = kLife;
-    int radius = 1;  // pixels
 };
 
 }  // namespace Grevan

@@ -1,20 +1,14 @@
 #include "actors/Grenade.h"
 
+#include <memory>
+
 #include "actors/GrenadeThrown.h"
 #include "core/Game.h"
 #include "world/ObjectSystem.h"
 
 namespace Grevan {
 
-namespace {
-const int kMagazine = 1;     // grenades
-const int kFireDelay = 1;    // frames
-const int kReloadTime = 50;  // frames
-}  // namespace
-
-Grenade::Grenade(Player* holder) : Weapon(holder, "grenade") {
-    setCapacity(kMagazine, kFireDelay, kReloadTime);
-}
+Grenade::Grenade(Player* holder) : Weapon(holder, WeaponKind::kGrenade) {}
 
 bool Grenade::fire(int x, int y) {
     if (!Weapon::fire(x, y)) {
@@ -23,7 +17,8 @@ bool Grenade::fire(int x, int y) {
     int muzzleX = 0;
     int muzzleY = 0;
     muzzlePoint(x, y, &muzzleX, &muzzleY);
-    Game::getInstance()->getObjectSystem().addObject(new GrenadeThrown(owner, muzzleX, muzzleY, x, y, 0));
+    Game::getInstance()->getObjectSystem().addObject(
+        std::make_unique<GrenadeThrown>(owner, muzzleX, muzzleY, x, y, 0));
     return true;
 }
 

@@ -4,9 +4,9 @@
 
 namespace Grevan {
 
-// Hand grenades, one in hand at a time, thrown without recoil or sound. A held fire button
-// keeps restarting the 50-frame reload, so the next grenade is ready only 50 frames after the
-// button is let go: one grenade per press.
+// Hand grenades, one in hand at a time, thrown without recoil or sound (WeaponKind::kGrenade). A
+// held fire button keeps restarting the reload, so the next grenade is ready only a whole reload
+// time after the button is let go: one grenade per press.
 class Grenade : public Weapon {
   public:
     explicit Grenade(Player* owner);

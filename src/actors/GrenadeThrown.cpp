@@ -1,5 +1,7 @@
 #include "actors/GrenadeThrown.h"
 
+#include <memory>
+
 #include "actors/Explosion.h"
 #include "actors/LaunchVelocity.h"
 #include "actors/Player.h"
@@ -24,7 +26,7 @@ void GrenadeThrown::move() {
     }
     if (time(nullptr) - thrownAt >= fuseSeconds) {
         Game* game = Game::getInstance();
-        game->getObjectSystem().addObject(new Explosion(owner, getX(), getY()));
+        game->getObjectSystem().addObject(std::make_unique<Explosion>(owner, getX(), getY()));
         game->getSoundSystem().playSound("grenade_explode");
         die();
     }

@@ -1,17 +1,14 @@
 #pragma once
 
-#include "actors/Weapon.h"
+#include "actors/Firearm.h"
+#include "actors/WeaponKind.h"
 
 namespace Grevan {
 
-// Fires bullets: 30 rounds a magazine, a shot every 7 frames, 100 frames to reload; each
-// shot of the main player's kicks the sight by 30.
-class Gun : public Weapon {
+// Fires bullets fast from a large magazine; its figures are the row WeaponKind::kGun.
+class Gun : public Firearm {
   public:
-    explicit Gun(Player* owner);
-
-    bool fire(int x, int y) override;
-    void reload() override;
+    explicit Gun(Player* owner) : Firearm(owner, WeaponKind::kGun) {}
 };
 
 }  // namespace Grevan

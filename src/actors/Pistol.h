@@ -1,17 +1,15 @@
 #pragma once
 
-#include "actors/Weapon.h"
+#include "actors/Firearm.h"
+#include "actors/WeaponKind.h"
 
 namespace Grevan {
 
-// Fires bullets: 20 rounds a magazine, a shot every 15 frames, 60 frames to reload; each
-// shot of the main player's kicks the sight by 20.
-class Pistol : public Weapon {
+// Fires bullets slower than the gun from a smaller magazine, with less kick; its figures are the
+// row WeaponKind::kPistol.
+class Pistol : public Firearm {
   public:
-    explicit Pistol(Player* owner);
-
-    bool fire(int x, int y) override;
-    void reload() override;
+    explicit Pistol(Player* owner) : Firearm(owner, WeaponKind::kPistol) {}
 };
 
 }  // namespace Grevan

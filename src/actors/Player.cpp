@@ -1,7 +1,7 @@
 #include "actors/Player.h"
 
-#include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 #include "actors/Blood.h"
 #include "actors/Weapon.h"
@@ -19,11 +19,8 @@ Player::Player(const std::string& playerName, const std::string& playerRole) : P
     setRole(playerRole);
 }
 
-Player::~Player() {
-    for (Weapon* w : weapons) {
-        delete w;
-    }
-}
+// Defined here, where a Weapon is a complete type that the slots can delete.
+Player::~Player() = default;
 
 void Player::initialize() {
     name = "NoName";
@@ -45,8 +42,8 @@ void Player::initialize() {
     equipment = 0;
     movingLeft = movingRight = firing = jumping = false;
     actionOn = false;
-    for (Weapon*& w : weapons) {
-        w = nullptr;
+    for (std::unique_ptr<Weapon>& w : weapons) {
+        w.reset();
     }
     setMass(kMass);
 }
@@ -56,7 +53,7 @@ void Player::setRole(const std::string& newRole) {
     std::string path = "image/role/" + role + "/config.dat";
     animation.clear();
     animation.load(path.c_str());
-    if (!animation.hasAction(0)) {
+    if (!animation.hasAction(kWalkingAction)) {
         allegro_message("Role %s has no picture: %s is missing or has no walking action 0.", role.c_str(),
                         path.c_str());
         // Half a role is no role: the player stays without any picture, dying included.
@@ -69,56 +66,33 @@ void Player::setRole(const std::string& newRole) {
 
 void Player::act(PlayerState newState) {
     state = newState;
-    switch (static_cast<int>(newState)) {
-        case PLAYER_WALK:
-            animating = true;
-            animation.setAction(0, true);
-            break;
-        case PLAYER_DEAD:
-            // The dying sequence stays on its last frame.
-            animating = true;
-            animation.setAction(3, false);
-            break;
-        case 2:
-        case 3:
-        case 4:
-        case 5:
-        case 7:
-            break;
-        default:
-            animating = false;
-            animation.setAction(0);
-            animation.setFrame(0);
-            break;
+    if (newState == PLAYER_WALK) {
+        animating = true;
+        animation.setAction(kWalkingAction, true);
+    } else if (newState == PLAYER_DEAD) {
+        // The dying sequence stays on its last frame.
+        animating = true;
+        animation.setAction(kDyingAction, false);
+    } else if (newState == PLAYER_STAND || newState < PLAYER_STAND || newState > PLAYER_LAST_STATE) {
+        animating = false;
+        animation.setAction(kWalkingAction);
+        animation.setFrame(0);
     }
 }
 
-void Player::moveLeft(bool on) {
+void Player::walk(Facing facing, bool on) {
     if (!isAlive()) {
         return;
     }
-    movingLeft = on;
+    const bool towardsLeft = facing == FACING_LEFT;
+    bool& held = towardsLeft ? movingLeft : movingRight;
+    const bool otherHeld = towardsLeft ? movingRight : movingLeft;
+    held = on;
     if (on) {
-        animation.setDirection(1);
+        animation.setDirection(facing);
         act(PLAYER_WALK);
-    } else if (movingRight) {
-        // The other key, still held, takes over.
-        moveRight(true);
-    } else {
-        stopMoving();
-    }
-}
-
-void Player::moveRight(bool on) {
-    if (!isAlive()) {
-        return;
-    }
-    movingRight = on;
-    if (on) {
-        animation.setDirection(0);
-        act(PLAYER_WALK);
-    } else if (movingLeft) {
-        moveLeft(true);
+    } else if (otherHeld) {
+        walk(towardsLeft ? FACING_RIGHT : FACING_LEFT, true);
     } else {
         stopMoving();
     }
@@ -159,24 +133,18 @@ void Player::setAction(const PlayerAction& order) {
     actionOn = true;
 }
 
-void Player::setWeapon(int slot, Weapon* w) {
+void Player::setWeapon(int slot, std::unique_ptr<Weapon> w) {
     if (slot < 0 || slot >= kSlotCount) {
-        printf("No weapon slot %d\n", slot);
-        delete w;
         return;
     }
-    Weapon* old = weapons[slot];
-    if (old && old != w) {
-        if (equipment == slot) {
-            equipment = 0;
-        }
-        delete old;
+    if (weapons[slot] && equipment == slot) {
+        equipment = 0;
     }
-    weapons[slot] = w;
+    weapons[slot] = std::move(w);
 }
 
 Weapon* Player::getWeapon(int slot) const {
-    return slot >= 0 && slot < kSlotCount ? weapons[slot] : nullptr;
+    return slot >= 0 && slot < kSlotCount ? weapons[slot].get() : nullptr;
 }
 
 Weapon* Player::getCurrentWeapon() const {
@@ -197,7 +165,7 @@ bool Player::hit(int x, int y, const Vector& impulse) {
     // Blood flows even from a corpse.
     ObjectSystem& objects = Game::getInstance()->getObjectSystem();
     for (int i = 0; i < damage; i++) {
-        objects.addObject(new Blood(x, y, impulse));
+        objects.addObject(std::make_unique<Blood>(x, y, impulse));
     }
     if (isAlive()) {
         health -= damage;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "actors/Animation.h"
@@ -20,10 +21,13 @@ class Player : public RealBody {
     static const int kMass = 50;
     static const int kFullHealth = 100;
     static const int kHeadshotDamage = 10;  // a hit on the picture's top row
+    // Action ids in a role's description: walking, whose first frame is also the standing
+    // picture, and dying.
+    static const int kWalkingAction = 0;
+    static const int kDyingAction = 3;
 
     Player();
     Player(const std::string& name, const std::string& role);
-    // Deletes the weapons in its slots.
     ~Player() override;
 
     void initialize();
@@ -36,8 +40,8 @@ class Player : public RealBody {
     // scripted walk.
     bool collide(Object* other) override;
     virtual void doFire();
-    virtual void doMoveLeft();
-    virtual void doMoveRight();
+    // One frame of walking: a step in the air, a push on the ground.
+    virtual void doMove(Facing facing);
     void doJump();
     void doPlayerAction();
 
@@ -48,8 +52,8 @@ class Player : public RealBody {
     // and values outside 0 to 7 draw as PLAYER_STAND.
     void act(PlayerState newState);
 
-    void moveLeft(bool on);
-    void moveRight(bool on);
+    void moveLeft(bool on) { walk(FACING_LEFT, on); }
+    void moveRight(bool on) { walk(FACING_RIGHT, on); }
     void jump(bool on);
     // Also stops firing and jumping.
     void stopMoving();
@@ -60,9 +64,9 @@ class Player : public RealBody {
     void setAction(const PlayerAction& order);
     void stopAction() { actionOn = false; }
 
-    // Takes ownership of w. A weapon already in the slot is deleted, and deselected when in
-    // hand; the new one is not selected.
-    void setWeapon(int slot, Weapon* w);
+    // A weapon already in the slot is deleted, and deselected when in hand; the new one is not
+    // selected. A slot outside 0 to 3 takes nothing, and w goes.
+    void setWeapon(int slot, std::unique_ptr<Weapon> w);
     Weapon* getWeapon(int slot) const;
     // The slot that equipment names, slot 0 included; null outside the slots.
     Weapon* getCurrentWeapon() const;
@@ -107,8 +111,11 @@ class Player : public RealBody {
   protected:
     // The weapon in hand: slots 1 to 3 only, and only when filled.
     Weapon* weaponInHand() const;
-    // One frame of a scripted walk at velocityX pixels a frame, facing `facing` (1 left, 0 right).
-    void walkScripted(float velocityX, int facing);
+    // The key for that direction pressed or released. Released while the other one is still
+    // held, the other takes over; released alone, the player stops.
+    void walk(Facing facing, bool on);
+    // One frame of a scripted walk at `speed` pixels a frame towards facing.
+    void walkScripted(Facing facing, float speed);
 
     std::string name;
     int playerId = 0;
@@ -132,7 +139,7 @@ class Player : public RealBody {
     int aimY = 0;
     PlayerAction action;
     bool actionOn = false;
-    Weapon* weapons[kSlotCount] = {};  // owned
+    std::unique_ptr<Weapon> weapons[kSlotCount];
 };
 
 }  // namespace Grevan

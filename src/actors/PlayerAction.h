@@ -2,9 +2,9 @@
 
 namespace Grevan {
 
-// What a character is doing. act() accepts 0 to 7; only these three change the animation, the
-// others are stored and leave it alone.
-enum PlayerState : int { PLAYER_STAND = 0, PLAYER_WALK = 1, PLAYER_DEAD = 6 };
+// What a character is doing. act() accepts 0 to PLAYER_LAST_STATE; only the three named states
+// change the animation, the others are stored and leave it alone.
+enum PlayerState : int { PLAYER_STAND = 0, PLAYER_WALK = 1, PLAYER_DEAD = 6, PLAYER_LAST_STATE = 7 };
 
 // The kinds of scripted order. Any other type is stored and ignored, and stays on until stopped.
 enum PlayerActionType : int { ACTION_MOVE_TO = 1 };

@@ -25,11 +25,7 @@ void Player::move() {
     }
     if (isAlive()) {
         if (state == PLAYER_WALK) {
-            if (animation.getDirection() == 1) {
-                doMoveLeft();
-            } else {
-                doMoveRight();
-            }
+            doMove(animation.getDirection() == FACING_LEFT ? FACING_LEFT : FACING_RIGHT);
         }
         // Held, the jump repeats on every landing; it never starts in the air.
         if (jumping && !isFree()) {
@@ -49,19 +45,12 @@ void Player::move() {
     RealBody::move();
 }
 
-void Player::doMoveLeft() {
+void Player::doMove(Facing facing) {
+    const float sign = static_cast<float>(signOf(facing));
     if (isFree()) {
-        position.x -= kAirStep;
+        position.x += sign * kAirStep;
     } else {
-        addMomentum(Vector(-kWalkMomentum, 0.0f));
-    }
-}
-
-void Player::doMoveRight() {
-    if (isFree()) {
-        position.x += kAirStep;
-    } else {
-        addMomentum(Vector(kWalkMomentum, 0.0f));
+        addMomentum(Vector(sign * kWalkMomentum, 0.0f));
     }
 }
 
@@ -83,21 +72,19 @@ void Player::doPlayerAction() {
     float tx = static_cast<float>(action.x);
     if (std::fabs(px - tx) < 1.0f) {
         actionOn = false;
-    } else if (tx <= px) {
-        // Full speed until the last 3 pixels, which close at the remaining distance.
-        walkScripted(-std::min(kScriptedWalkSpeed, px - tx), 1);
-    } else {
-        walkScripted(std::min(kScriptedWalkSpeed, tx - px), 0);
+        return;
     }
+    // Full speed until the last 3 pixels, which close at the remaining distance.
+    walkScripted(tx <= px ? FACING_LEFT : FACING_RIGHT, std::min(kScriptedWalkSpeed, std::fabs(px - tx)));
 }
 
-void Player::walkScripted(float velocityX, int facing) {
-    velocity.x = velocityX;
+void Player::walkScripted(Facing facing, float speed) {
+    velocity.x = static_cast<float>(signOf(facing)) * speed;
     // The walking picture starts only when nothing animates yet; the state stays as it is.
     if (!animating) {
         animation.setDirection(facing);
         animating = true;
-        animation.setAction(0, true);
+        animation.setAction(kWalkingAction, true);
     }
 }
 

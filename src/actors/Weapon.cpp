@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cassert>
 #include <cmath>
+#include <string>
 
-#include "actors/Bullet.h"
 #include "actors/Player.h"
-#include "core/Game.h"
-#include "world/ObjectSystem.h"
 
 namespace Grevan {
 
@@ -18,16 +16,10 @@ const int kHalfTurn = 128;
 const int kQuarterTurn = 64;
 }  // namespace
 
-Weapon::Weapon(Player* holder, const std::string& name) : owner(holder) {
+Weapon::Weapon(Player* holder, const WeaponKind& weaponKind) : kind(weaponKind), owner(holder) {
     assert(holder);
-    std::string path = "image/role/" + holder->getRole() + "/" + name + ".bmp";
+    std::string path = "image/role/" + holder->getRole() + "/" + kind.picture + ".bmp";
     loadImage(path.c_str());
-}
-
-void Weapon::setCapacity(int magazine, int delay, int reloadFrames) {
-    magazineSize = magazine;
-    fireDelay = delay;
-    reloadTime = reloadFrames;
 }
 
 void Weapon::setTarget(int dx, int dy) {
@@ -88,7 +80,7 @@ void Weapon::move() {
         timer--;
         if (timer == 0 && reloading) {
             reloading = false;
-            int n = std::min(bulletSpare, magazineSize - bulletCurrent);
+            int n = std::min(bulletSpare, kind.magazineSize - bulletCurrent);
             bulletCurrent += n;
             bulletSpare -= n;
         }
@@ -98,7 +90,7 @@ void Weapon::move() {
 
 void Weapon::reload() {
     reloading = true;
-    timer = reloadTime;
+    timer = kind.reloadTime;
 }
 
 bool Weapon::fire(int, int) {
@@ -112,7 +104,7 @@ bool Weapon::fire(int, int) {
         return false;
     }
     reduceBullet();
-    timer = fireDelay;
+    timer = kind.fireDelay;
     if (bulletCurrent == 0 && bulletSpare > 0) {
         reload();
     }
@@ -126,32 +118,6 @@ void Weapon::muzzlePoint(int x, int y, int* muzzleX, int* muzzleY) const {
     v *= static_cast<float>(width / 2);
     *muzzleX = static_cast<int>(v.x + static_cast<float>(cx));
     *muzzleY = static_cast<int>(v.y + static_cast<float>(cy));
-}
-
-bool Weapon::fireBullet(int x, int y, int recoil, const char* shotSound) {
-    if (!Weapon::fire(x, y)) {
-        return false;
-    }
-    Game* game = Game::getInstance();
-    Player* mainPlayer = game->getMainPlayer();
-    // Only the main player's own shots kick the sight.
-    if (mainPlayer && mainPlayer->getCurrentWeapon() == this) {
-        game->getAimSystem().jump(recoil);
-    }
-    int muzzleX = 0;
-    int muzzleY = 0;
-    muzzlePoint(x, y, &muzzleX, &muzzleY);
-    game->getObjectSystem().addObject(new Bullet(owner, muzzleX, muzzleY, x, y));
-    game->getSoundSystem().playSound(shotSound);
-    return true;
-}
-
-void Weapon::reloadWithSound(const char* reloadSound) {
-    if (reloading) {
-        return;
-    }
-    Game::getInstance()->getSoundSystem().playSound(reloadSound);
-    Weapon::reload();
 }
 
 }  // namespace Grevan

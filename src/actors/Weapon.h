@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string>
-
+#include "actors/WeaponKind.h"
 #include "world/Object.h"
 
 namespace Grevan {
@@ -13,9 +12,9 @@ class Player;
 // its owner draws it at its centre, aims it and calls move every frame for its timing.
 class Weapon : public Object {
   public:
-    // Loads "image/role/<owner's role>/<name>.bmp". Without its picture the weapon is drawn
-    // as nothing and fires from its owner's centre.
-    Weapon(Player* owner, const std::string& name);
+    // Loads "image/role/<owner's role>/<the kind's picture>.bmp". Without its picture the weapon
+    // is drawn as nothing and fires from its owner's centre.
+    Weapon(Player* owner, const WeaponKind& kind);
 
     // The picture centred on (cx, cy), turned by the angle and mirrored when pointing left.
     void draw(BITMAP* target, int cx, int cy) override;
@@ -38,33 +37,24 @@ class Weapon : public Object {
     // Scripts may hand out absurd counts: the reserve stops at kReserveLimit rounds either way,
     // so that it and the total with the magazine stay exact.
     void addBullets(int n);
-    int getReloadTime() const { return reloadTime; }
-    int getFireDelay() const { return fireDelay; }
-    int getMagazineSize() const { return magazineSize; }
+    int getReloadTime() const { return kind.reloadTime; }
+    int getFireDelay() const { return kind.fireDelay; }
+    int getMagazineSize() const { return kind.magazineSize; }
     int getTimer() const { return timer; }
     bool isReloading() const { return reloading; }
     Player* getOwner() const { return owner; }
     void setOwner(Player* p) { owner = p; }
 
   protected:
-    // The kinds set their constants here: rounds, frames between shots, frames to reload.
-    void setCapacity(int magazine, int delay, int reloadFrames);
     // Where a shot at (x, y) leaves the barrel: half the picture's width out from the
     // owner's centre, towards the target.
     void muzzlePoint(int x, int y, int* muzzleX, int* muzzleY) const;
-    // The shot of Gun and Pistol: a round, a kick of the sight when the weapon is in the
-    // main player's hand, a bullet and the shot's sound.
-    bool fireBullet(int x, int y, int recoil, const char* shotSound);
-    // A reload that sounds once: a reload already under way goes on untouched.
-    void reloadWithSound(const char* reloadSound);
 
+    const WeaponKind& kind;
     int angle = 0;
     int bulletCurrent = 0;
     int bulletSpare = 0;
-    int reloadTime = 0;  // frames
-    int timer = 0;       // frames left of the cool-down or reload; 0 is ready
-    int fireDelay = 5;   // frames
-    int magazineSize = 0;
+    int timer = 0;  // frames left of the cool-down or reload; 0 is ready
     bool reloading = false;
     Player* owner;  // not owned
 };

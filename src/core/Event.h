@@ -11,10 +11,10 @@ enum EventAction : int {
     ACTION_RELOAD = 5,       // R
     ACTION_KEY_S = 6,        // no effect
     ACTION_KEY_SHIFT = 7,    // left Shift; no effect
-    ACTION_SLOT_1 = 8,       // equipment 2
-    ACTION_SLOT_2 = 9,       // equipment 1
-    ACTION_SLOT_3 = 10,      // equipment 0
-    ACTION_SLOT_4 = 11,      // equipment 3
+    ACTION_SLOT_1 = 8,       // 1; WeaponSlot says which slot each number key takes in hand
+    ACTION_SLOT_2 = 9,       // 2
+    ACTION_SLOT_3 = 10,      // 3
+    ACTION_SLOT_4 = 11,      // 4
     ACTION_KEY_Q = 12,       // no effect
     ACTION_KEY_B = 13,       // reported as unknown
     ACTION_KEY_M = 14,       // reported as unknown

@@ -4,6 +4,7 @@
 
 #include "actors/Player.h"
 #include "actors/Weapon.h"
+#include "actors/WeaponSlot.h"
 #include "core/Game.h"
 
 namespace Grevan {
@@ -62,18 +63,11 @@ void EventSystem::act(const Event& e, Player* p) {
                 w->reload();
             }
             break;
-        // Keys 1 to 4 select equipment 2, 1, 0, 3: the gun first, empty hands on 3.
         case ACTION_SLOT_1:
-            p->setEquipment(2);
-            break;
         case ACTION_SLOT_2:
-            p->setEquipment(1);
-            break;
         case ACTION_SLOT_3:
-            p->setEquipment(0);
-            break;
         case ACTION_SLOT_4:
-            p->setEquipment(3);
+            p->setEquipment(WeaponSlot::selectedBy(e.action));
             break;
         case ACTION_MOUSE_MOVE:
             aim(p, e.data);

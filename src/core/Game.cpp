@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 
 #include "actors/Player.h"
 #include "core/FramePacer.h"
@@ -152,17 +153,20 @@ void Game::playFrame(BITMAP* buffer, int framesLastSecond) {
 
 void Game::drawStatusLines(BITMAP* buffer, const StatusFigures& figures) {
     int white = makecol(255, 255, 255);
-    textprintf_ex(buffer, font, 20, 0, white, -1, "FPS: %d  Objects: %d", figures.framesLastSecond,
-                  figures.objectCount);
+    textprintf_ex(buffer, font, 20, 0, white, kClearTextBackground, "FPS: %d  Objects: %d",
+                  figures.framesLastSecond, figures.objectCount);
     if (figures.hasMainPlayer) {
-        textprintf_ex(buffer, font, 200, 0, white, -1, "Kills: %d  Headshots: %d  X: %d  Y: %d",
-                      figures.kills, figures.headshots, figures.x, figures.y);
+        textprintf_ex(buffer, font, 200, 0, white, kClearTextBackground,
+                      "Kills: %d  Headshots: %d  X: %d  Y: %d", figures.kills, figures.headshots, figures.x,
+                      figures.y);
     }
 }
 
-void Game::addPlayer(Player* player) {
-    objectSystem.addObject(player);
-    players.push_back(player);
+Player* Game::addPlayer(std::unique_ptr<Player> player) {
+    Player* link = player.get();
+    objectSystem.addObject(std::move(player));
+    players.push_back(link);
+    return link;
 }
 
 Player* Game::getPlayer(int playerId) {
@@ -193,14 +197,14 @@ void Game::loadMap(const char* path) {
     blockSystem.initialize(map.getWidth(), map.getHeight());
     mapSystem.setBackgroundColor(map.getRed(), map.getGreen(), map.getBlue());
     for (const MapPiece& piece : map.getPieces()) {
-        Object* o = new Object();
+        auto o = std::make_unique<Object>();
         o->setX(piece.x);
         o->setY(piece.y);
         o->setLayer(static_cast<MapLayer>(piece.layer));
         o->showSharedImage(pictureCache.get("image/object/" + piece.image));
         o->setCollidable(piece.solid);
         o->show();
-        objectSystem.addObject(o);
+        objectSystem.addObject(std::move(o));
     }
 }
 

@@ -85,8 +85,8 @@ class Game {
     // The guide robot at its place on the screen, hidden until the script shows it.
     void createRobot();
 
-    // Registers the player as an object and lists it; the registry owns it.
-    void addPlayer(Player* player);
+    // Registers the player as an object and lists it; gives it back as a link.
+    Player* addPlayer(std::unique_ptr<Player> player);
     // The first player added with that player id; null when none.
     Player* getPlayer(int playerId);
     std::vector<Player*>& getPlayers() { return players; }

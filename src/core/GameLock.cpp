@@ -24,16 +24,14 @@ void unlockGame() {
     pthread_mutex_unlock(&gameLock);
 }
 
-void* createThread(void* arg, void* (*procedure)(void*)) {
-    pthread_t* thread = new pthread_t;
-    pthread_create(thread, nullptr, procedure, arg);
+std::unique_ptr<pthread_t> createThread(void* arg, void* (*procedure)(void*)) {
+    auto thread = std::make_unique<pthread_t>();
+    pthread_create(thread.get(), nullptr, procedure, arg);
     return thread;
 }
 
-void joinThread(void* handle) {
-    pthread_t* thread = static_cast<pthread_t*>(handle);
+void joinThread(std::unique_ptr<pthread_t> thread) {
     pthread_join(*thread, nullptr);
-    delete thread;
 }
 
 }  // namespace Grevan

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <pthread.h>
+
+#include <memory>
+
 namespace Grevan {
 
 // The global game lock: one non-recursive mutex that the main loop and the script thread
@@ -18,9 +22,8 @@ class GameLockGuard {
     GameLockGuard& operator=(const GameLockGuard&) = delete;
 };
 
-// Starts procedure(arg) on a new thread with default attributes; returns an opaque handle
-// that joinThread waits on and frees.
-void* createThread(void* arg, void* (*procedure)(void*));
-void joinThread(void* handle);
+// Starts procedure(arg) on a new thread with default attributes; joinThread waits for it.
+std::unique_ptr<pthread_t> createThread(void* arg, void* (*procedure)(void*));
+void joinThread(std::unique_ptr<pthread_t> thread);
 
 }  // namespace Grevan

@@ -9,6 +9,9 @@ namespace Grevan {
 // Fade modes. Their values are part of the script interface: fadeIn and fadeOut wait on them.
 enum FadeMode { FADE_DARK = 0, FADE_IN = 1, FADE_OUT = 2, FADE_SHOWN = 3 };
 
+// The background colour for Allegro's text calls that leaves what lies beneath the letters showing.
+const int kClearTextBackground = -1;
+
 // The window, a memory back buffer that every frame is drawn into, and the copy of that buffer
 // to the screen once a frame, darkened by a fade. The game starts dark: nothing reaches the
 // screen until the script fades in.

@@ -1,47 +1,33 @@
 // Host functions: weapons and orders to a player.
 
-#include "actors/Grenade.h"
-#include "actors/Gun.h"
-#include "actors/Pistol.h"
+#include <memory>
+
 #include "actors/Player.h"
+#include "actors/Weapon.h"
+#include "actors/WeaponSlot.h"
 #include "scripting/HostAccess.h"
 #include "scripting/HostArguments.h"
 #include "scripting/HostFunctions.h"
 
 namespace Grevan {
 
-namespace {
-
-// The weapon a filled slot of that number holds: 1 a pistol, 2 a gun, 3 grenades.
-Weapon* makeWeapon(int slot, Player* holder) {
-    switch (slot) {
-        case 1:
-            return new Pistol(holder);
-        case 2:
-            return new Gun(holder);
-        case 3:
-            return new Grenade(holder);
-        default:
-            return nullptr;
-    }
-}
-
-}  // namespace
-
 // addPlayerWeapon(player, slot, rounds): an empty slot gets its weapon first, so a second call
-// for the same slot only adds rounds.
+// for the same slot only adds rounds. Slot 0 and numbers that are no slot's have no weapon to
+// give: nothing happens.
 void addPlayerWeapon(HostStack& stack, VeskVariable&, int) {
     HostArguments a(stack, 3);
-    const int slot = a.integer(2);
+    const WeaponSlot* slot = WeaponSlot::numbered(a.integer(2));
+    if (!slot || !slot->makeWeapon) {
+        return;
+    }
     withPlayer(a.integer(1), [&](Player& p) {
-        Weapon* w = p.getWeapon(slot);
+        Weapon* w = p.getWeapon(slot->number);
         if (!w) {
-            w = makeWeapon(slot, &p);
-            p.setWeapon(slot, w);
+            std::unique_ptr<Weapon> made = slot->makeWeapon(&p);
+            w = made.get();
+            p.setWeapon(slot->number, std::move(made));
         }
-        if (w) {
-            w->addBullets(a.integer(3));
-        }
+        w->addBullets(a.integer(3));
     });
 }
 

@@ -84,8 +84,7 @@ void ScriptSystem::stop() {
         return;
     }
     script.requestStop();
-    joinThread(thread);
-    thread = nullptr;
+    joinThread(std::move(thread));
 }
 
 void* ScriptSystem::threadProcedure(void* host) {

@@ -5,6 +5,7 @@
 #include <mutex>
 #include <string>
 
+#include "core/GameLock.h"
 #include "script/VeskScript.h"
 #include "scripting/ScriptEvent.h"
 
@@ -53,8 +54,8 @@ class ScriptSystem {
     // that event only.
     void serve(ScriptEvent& event);
 
-    void* thread = nullptr;  // from createThread; null while no script thread runs
-    VeskScript script;       // used by the script thread alone once it runs
+    std::unique_ptr<pthread_t> thread;  // from createThread; null while no script thread runs
+    VeskScript script;                  // used by the script thread alone once it runs
     std::deque<std::unique_ptr<ScriptEvent>> events;
     // raise runs on the main thread while the script thread drains the queue.
     std::mutex eventsLock;

@@ -1,6 +1,7 @@
 // Host functions: creating, finding and removing world objects.
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 #include "actors/AIPlayer.h"
@@ -15,10 +16,10 @@ namespace Grevan {
 namespace {
 
 // Shows the box, registers it and gives the script its id.
-void place(PresentBox* box, VeskVariable& result) {
+void place(std::unique_ptr<PresentBox> box, VeskVariable& result) {
     box->show();
-    game->getObjectSystem().addObject(box);
     result.setInteger(box->getId());
+    game->getObjectSystem().addObject(std::move(box));
 }
 
 }  // namespace
@@ -31,11 +32,12 @@ void addPlayer(HostStack& stack, VeskVariable& result, int) {
     const std::string role = a.text(3);
     const std::string name = a.text(4);
     GameLockGuard guard;
-    Player* p = isAI ? new AIPlayer(name, role) : new Player(name, role);
-    p->setX(a.integer(5));
-    p->setY(a.integer(6));
-    p->setColor(a.integer(2));
-    game->addPlayer(p);
+    std::unique_ptr<Player> made =
+        isAI ? std::make_unique<AIPlayer>(name, role) : std::make_unique<Player>(name, role);
+    made->setX(a.integer(5));
+    made->setY(a.integer(6));
+    made->setColor(a.integer(2));
+    Player* p = game->addPlayer(std::move(made));
     if (!isAI) {
         game->setMainPlayer(p);
     }
@@ -65,12 +67,12 @@ void addPresent(HostStack& stack, VeskVariable& result, int) {
     HostArguments a(stack, 3);
     const std::string picture = "image/object/" + a.text(1) + ".bmp";
     GameLockGuard guard;
-    PresentBox* box = new PresentBox();
+    auto box = std::make_unique<PresentBox>();
     box->setX(a.integer(2));
     box->setY(a.integer(3));
     // Boxes naming one picture share it for the life of the level.
     box->showSharedImage(Game::getInstance()->getPictureCache().get(picture));
-    place(box, result);
+    place(std::move(box), result);
 }
 
 // addHiddenPresent(x, y, width, height): a gift box without a picture, found by touch.
@@ -81,14 +83,14 @@ void addHiddenPresent(HostStack& stack, VeskVariable& result, int) {
     const int width = a.integer(3);
     const int height = a.integer(4);
     GameLockGuard guard;
-    PresentBox* box = new PresentBox();
+    auto box = std::make_unique<PresentBox>();
     box->setX(x);
     box->setY(y);
     box->setWidth(width);
     box->setHeight(height);
     printf("add hidden present %d, %d, %d, %d\n", x, y, width, height);
     fflush(stdout);
-    place(box, result);
+    place(std::move(box), result);
 }
 
 // setPlayerAIMode(player, mode): 1 puts an opponent under the script's control, 0 lets it decide

@@ -62,7 +62,7 @@ void Dialog::build() {
     rectfill(bitmap, margin, margin, width - 1 - margin, height - 1 - margin, backColor);
     int lineY = margin + lineSpacing;
     for (const std::string& line : lines) {
-        textout_ex(bitmap, font, line.c_str(), margin + lineSpacing, lineY, textColor, -1);
+        textout_ex(bitmap, font, line.c_str(), margin + lineSpacing, lineY, textColor, kClearTextBackground);
         lineY += lineSpacing + text_height(font);
     }
 

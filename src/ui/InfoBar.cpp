@@ -2,21 +2,31 @@
 
 #include <cstdlib>
 #include <initializer_list>
+#include <string>
 
 #include "actors/Player.h"
 #include "actors/Weapon.h"
+#include "actors/WeaponSlot.h"
 #include "core/Game.h"
 
 namespace Grevan {
 
 namespace {
+
 const int kOldCartridgeStep = 25;  // refresh's spacing and row
 const int kOldCartridgeY = 66;
-}  // namespace
 
-InfoBar::~InfoBar() {
-    release();
+// The picture "./image/gui/<name>.bmp"; without it the game cannot show its state and ends.
+OwnedBitmap loadGuiPicture(const std::string& name) {
+    OwnedBitmap picture(load_bitmap(("./image/gui/" + name + ".bmp").c_str(), nullptr));
+    if (!picture) {
+        allegro_message("Missing gui picture files.");
+        exit(1);
+    }
+    return picture;
 }
+
+}  // namespace
 
 void InfoBar::initialize() {
     blood = 0;
@@ -24,32 +34,27 @@ void InfoBar::initialize() {
     equipment = 0;
     bullet = 0;
     release();
-    backImage = load_bitmap("./image/gui/back.bmp", nullptr);
-    defendImage = load_bitmap("./image/gui/defend.bmp", nullptr);
-    bloodImage = load_bitmap("./image/gui/blood.bmp", nullptr);
-    gunImage = load_bitmap("./image/gui/gun.bmp", nullptr);
-    pistolImage = load_bitmap("./image/gui/pistol.bmp", nullptr);
-    grenadeImage = load_bitmap("./image/gui/grenade.bmp", nullptr);
-    bulletImage = load_bitmap("./image/gui/bullet.bmp", nullptr);
-    for (BITMAP* image :
-         {backImage, defendImage, bloodImage, gunImage, pistolImage, grenadeImage, bulletImage}) {
-        if (!image) {
-            allegro_message("Missing gui picture files.");
-            exit(1);
+    backImage = loadGuiPicture("back");
+    defendImage = loadGuiPicture("defend");
+    bloodImage = loadGuiPicture("blood");
+    bulletImage = loadGuiPicture("bullet");
+    for (int number = 0; number < Player::kSlotCount; number++) {
+        const WeaponSlot* slot = WeaponSlot::numbered(number);
+        if (slot && slot->icon) {
+            slotIcons[number] = loadGuiPicture(slot->icon);
         }
     }
     const MapSystem& view = Game::getInstance()->getMapSystem();
-    canvas = create_bitmap(view.getClientWidth(), view.getClientHeight());
+    canvas.reset(create_bitmap(view.getClientWidth(), view.getClientHeight()));
     visible = false;
 }
 
 void InfoBar::release() {
-    for (BITMAP** image : {&bloodImage, &defendImage, &gunImage, &pistolImage, &bulletImage, &backImage,
-                           &grenadeImage, &canvas}) {
-        if (*image) {
-            destroy_bitmap(*image);
-            *image = nullptr;
-        }
+    for (OwnedBitmap* picture : {&bloodImage, &defendImage, &bulletImage, &backImage, &canvas}) {
+        picture->reset();
+    }
+    for (OwnedBitmap& icon : slotIcons) {
+        icon.reset();
     }
 }
 
@@ -80,14 +85,15 @@ void InfoBar::draw(BITMAP* target) {
         }
     }
     set_trans_blender(0, 0, 0, 200);
-    draw_trans_sprite(target, backImage, 0, 0);
+    draw_trans_sprite(target, backImage.get(), 0, 0);
     // Multiplied before dividing, so every point of health shows.
-    blit(bloodImage, target, 0, 0, kBarX, kHealthBarY, defendImage->w * blood / 100, defendImage->h);
-    blit(defendImage, target, 0, 0, kBarX, kArmourBarY, defendImage->w * defend / 100, defendImage->h);
+    blit(bloodImage.get(), target, 0, 0, kBarX, kHealthBarY, defendImage->w * blood / 100, defendImage->h);
+    blit(defendImage.get(), target, 0, 0, kBarX, kArmourBarY, defendImage->w * defend / 100, defendImage->h);
     if (w) {
-        textprintf_ex(target, font, kReserveX, kReserveY, makecol(255, 255, 255), -1, "%d", backup);
+        textprintf_ex(target, font, kReserveX, kReserveY, makecol(255, 255, 255), kClearTextBackground, "%d",
+                      backup);
         for (int i = 0; i < bullet; i++) {
-            draw_sprite(target, bulletImage, kCartridgeX + kCartridgeStep * i, kCartridgeY);
+            draw_sprite(target, bulletImage.get(), kCartridgeX + kCartridgeStep * i, kCartridgeY);
         }
     }
     if (BITMAP* icon = equipmentIcon()) {
@@ -96,17 +102,18 @@ void InfoBar::draw(BITMAP* target) {
 }
 
 void InfoBar::refresh() {
-    refresh(canvas);
+    refresh(canvas.get());
 }
 
 void InfoBar::refresh(BITMAP* target) {
     clear_to_color(target, makecol(255, 0, 255));
-    blit(backImage, target, 0, 0, 0, 0, backImage->w, backImage->h);
+    blit(backImage.get(), target, 0, 0, 0, 0, backImage->w, backImage->h);
     // Divided first: a bar is either empty or, from 100 up, full.
-    blit(bloodImage, target, 0, 0, kBarX, kHealthBarY, defendImage->w * (blood / 100), defendImage->h);
-    blit(defendImage, target, 0, 0, kBarX, kArmourBarY, defendImage->w * (defend / 100), defendImage->h);
+    blit(bloodImage.get(), target, 0, 0, kBarX, kHealthBarY, defendImage->w * (blood / 100), defendImage->h);
+    blit(defendImage.get(), target, 0, 0, kBarX, kArmourBarY, defendImage->w * (defend / 100),
+         defendImage->h);
     for (int i = 0; i < bullet; i++) {
-        draw_sprite(target, bulletImage, kCartridgeX + kOldCartridgeStep * i, kOldCartridgeY);
+        draw_sprite(target, bulletImage.get(), kCartridgeX + kOldCartridgeStep * i, kOldCartridgeY);
     }
     if (BITMAP* icon = equipmentIcon()) {
         draw_sprite(target, icon, kIconX, kIconY);
@@ -114,16 +121,8 @@ void InfoBar::refresh(BITMAP* target) {
 }
 
 BITMAP* InfoBar::equipmentIcon() const {
-    switch (equipment) {
-        case 1:
-            return pistolImage;
-        case 2:
-            return gunImage;
-        case 3:
-            return grenadeImage;
-        default:
-            return nullptr;
-    }
+    const WeaponSlot* slot = WeaponSlot::numbered(equipment);
+    return slot ? slotIcons[slot->number].get() : nullptr;
 }
 
 }  // namespace Grevan

@@ -2,6 +2,9 @@
 
 #include <allegro.h>
 
+#include "actors/Player.h"
+#include "world/OwnedBitmap.h"
+
 namespace Grevan {
 
 // The head-up display in the screen's top-left corner: a half-transparent background, a health
@@ -21,12 +24,12 @@ class InfoBar {
     static constexpr int kCartridgeStep = 8;
 
     InfoBar() = default;
-    ~InfoBar();
     InfoBar(const InfoBar&) = delete;
     InfoBar& operator=(const InfoBar&) = delete;
 
-    // Loads the seven pictures from "./image/gui/". The game cannot show its state without
-    // them: a missing one ends the process with status 1 after "Missing gui picture files.".
+    // Loads the pictures from "./image/gui/": the background, the bars, the cartridge and the
+    // icons WeaponSlot names. The game cannot show its state without them: a missing one ends
+    // the process with status 1 after "Missing gui picture files.".
     void initialize();
     // Frees the pictures and the canvas; must run while Allegro is still up.
     void release();
@@ -47,25 +50,23 @@ class InfoBar {
     // reads no player.
     void refresh();
     void refresh(BITMAP* target);
-    BITMAP* getCanvas() const { return canvas; }
+    BITMAP* getCanvas() const { return canvas.get(); }
 
   private:
-    // The icon of the selected slot (1 pistol, 2 gun, 3 grenade); null for any other value.
+    // The icon of the selected slot; null for empty hands and for a number that is no slot's.
     BITMAP* equipmentIcon() const;
 
-    BITMAP* bloodImage = nullptr;
-    BITMAP* defendImage = nullptr;  // its size is also the size of the health bar
-    BITMAP* gunImage = nullptr;
-    BITMAP* pistolImage = nullptr;
-    BITMAP* bulletImage = nullptr;
-    BITMAP* backImage = nullptr;
-    BITMAP* grenadeImage = nullptr;
-    int blood = 0;             // health shown, 0 to 100
-    int defend = 0;            // armour shown, 0 to 100
-    int equipment = 0;         // selected slot: 0 none, 1 pistol, 2 gun, 3 grenade
-    int bullet = 0;            // rounds in the magazine
-    int backup = 0;            // rounds outside the magazine
-    BITMAP* canvas = nullptr;  // the map view's size, for refresh
+    OwnedBitmap bloodImage;
+    OwnedBitmap defendImage;  // its size is also the size of the health bar
+    OwnedBitmap bulletImage;
+    OwnedBitmap backImage;
+    OwnedBitmap slotIcons[Player::kSlotCount];  // by slot number; null for a slot without one
+    int blood = 0;                              // health shown, 0 to 100
+    int defend = 0;                             // armour shown, 0 to 100
+    int equipment = 0;                          // the selected slot
+    int bullet = 0;                             // rounds in the magazine
+    int backup = 0;                             // rounds outside the magazine
+    OwnedBitmap canvas;                         // the map view's size, for refresh
     bool visible = false;
 };
 

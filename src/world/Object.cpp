@@ -18,7 +18,6 @@ Object::~Object() {
     for (RealBody* body : bodies) {
         body->setFree(true);
     }
-    releaseImage();
 }
 
 void Object::draw(BITMAP* target, int cameraX, int cameraY) {
@@ -97,15 +96,16 @@ bool Object::collide(Object* other) {
 
 void Object::handleCollision(int, Object*) {}
 
+// A picture loaded earlier is replaced; one of the object's own goes with it.
 bool Object::loadImage(const char* path) {
-    BITMAP* loaded = PictureCache::load(path);
+    OwnedBitmap loaded = PictureCache::load(path);
     if (!loaded) {
         return false;
     }
-    releaseImage();
-    image = loaded;
-    width = loaded->w;
-    height = loaded->h;
+    ownImage = std::move(loaded);
+    image = ownImage.get();
+    width = image->w;
+    height = image->h;
     return true;
 }
 
@@ -113,21 +113,11 @@ bool Object::showSharedImage(BITMAP* picture) {
     if (!picture) {
         return false;
     }
-    releaseImage();
+    ownImage.reset();
     image = picture;
-    imageShared = true;
     width = picture->w;
     height = picture->h;
     return true;
-}
-
-void Object::releaseImage() {
-    // A picture loaded earlier is replaced; one of the object's own goes with it.
-    if (image && !imageShared) {
-        destroy_bitmap(image);
-    }
-    image = nullptr;
-    imageShared = false;
 }
 
 }  // namespace Grevan

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "world/MapLayer.h"
+#include "world/OwnedBitmap.h"
 #include "world/Rect.h"
 #include "world/Vector.h"
 
@@ -24,6 +25,8 @@ class Object {
     virtual ~Object();
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
+
+    static constexpr int kUnlimitedLifetime = -1;
 
     virtual void draw(BITMAP* target, int cameraX, int cameraY);
     virtual void move();
@@ -87,13 +90,12 @@ class Object {
     int getCentralY() const { return getY() + getHeight() / 2; }
 
   protected:
-    BITMAP* image = nullptr;  // the object's own unless imageShared
-    bool imageShared = false;
+    BITMAP* image = nullptr;  // ownImage, or a picture shared with other objects
     int width = 0;
     int height = 0;
     bool visible = false;
     bool dead = false;
-    int lifetime = -1;  // frames; -1 is unlimited
+    int lifetime = kUnlimitedLifetime;  // frames
     Vector position;
     Vector velocity;
     Vector acceleration;
@@ -107,7 +109,7 @@ class Object {
   private:
     friend class RealBody;
 
-    void releaseImage();
+    OwnedBitmap ownImage;  // null while the picture is shared or there is none
 
     static int objectIdGenerator;
     // The bodies whose board this object is, kept by RealBody::setBoard; they lose their

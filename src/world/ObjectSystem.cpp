@@ -10,33 +10,36 @@ namespace Grevan {
 
 ObjectSystem::ObjectSystem(BlockSystem& blockSystem) : blockSystem(blockSystem) {}
 
-void ObjectSystem::addObject(Object* o) {
+void ObjectSystem::addObject(std::unique_ptr<Object> o) {
     if (iterating) {
-        pending.push(o);
+        pending.push(std::move(o));
         return;
     }
-    objects.push_back(o);
-    blockSystem.addObject(o);
+    objects.push_back(std::move(o));
+    blockSystem.addObject(objects.back().get());
 }
 
-bool ObjectSystem::removeObject(Object* o) {
+std::unique_ptr<Object> ObjectSystem::removeObject(Object* o) {
     if (iterating) {
         allegro_message("You should not remove Object when iterating ..");
-        return false;
+        return nullptr;
     }
-    auto entry = std::find(objects.begin(), objects.end(), o);
+    auto entry = std::find_if(objects.begin(), objects.end(), [o](const std::unique_ptr<Object>& registered) {
+        return registered.get() == o;
+    });
     if (entry == objects.end()) {
-        return false;
+        return nullptr;
     }
+    std::unique_ptr<Object> removed = std::move(*entry);
     objects.erase(entry);
-    return true;
+    return removed;
 }
 
 void ObjectSystem::moveObjects() {
     iterating = true;
-    for (Object* o : objects) {
+    for (const std::unique_ptr<Object>& o : objects) {
         if (!o->isDead()) {
-            moveObject(o);
+            moveObject(o.get());
         }
     }
     iterating = false;
@@ -70,7 +73,7 @@ void ObjectSystem::letGo(Object* o) {
 
 void ObjectSystem::drawObjects(BITMAP* target, int cameraX, int cameraY) {
     iterating = true;
-    for (Object* o : objects) {
+    for (const std::unique_ptr<Object>& o : objects) {
         if (o->isVisible()) {
             o->draw(target, cameraX, cameraY);
         }
@@ -83,33 +86,42 @@ void ObjectSystem::removeDeadObjects() {
     // The survivors close up in order as the dead are taken out.
     size_t kept = 0;
     for (size_t i = 0; i < objects.size(); ++i) {
-        Object* o = objects[i];
+        std::unique_ptr<Object>& o = objects[i];
         if (!o->isDead()) {
-            objects[kept++] = o;
+            if (kept != i) {
+                objects[kept] = std::move(o);
+            }
+            kept++;
             continue;
         }
-        blockSystem.removeObject(o);
-        delete o;
+        blockSystem.removeObject(o.get());
+        o.reset();
     }
     objects.resize(kept);
     iterating = false;
     while (!pending.empty()) {
-        addObject(pending.front());
+        addObject(std::move(pending.front()));
         pending.pop();
     }
 }
 
 void ObjectSystem::cleanupObjects() {
-    for (Object* o : objects) {
-        delete o;
-    }
     objects.clear();
 }
 
+std::vector<Object*> ObjectSystem::getObjects() const {
+    std::vector<Object*> links;
+    links.reserve(objects.size());
+    for (const std::unique_ptr<Object>& o : objects) {
+        links.push_back(o.get());
+    }
+    return links;
+}
+
 Object* ObjectSystem::getObjectById(int id) const {
-    for (Object* o : objects) {
+    for (const std::unique_ptr<Object>& o : objects) {
         if (o->getId() == id) {
-            return o;
+            return o.get();
         }
     }
     return nullptr;

@@ -2,6 +2,7 @@
 
 #include <allegro.h>
 
+#include <memory>
 #include <queue>
 #include <vector>
 
@@ -23,10 +24,11 @@ class ObjectSystem {
     ObjectSystem(const ObjectSystem&) = delete;
     ObjectSystem& operator=(const ObjectSystem&) = delete;
 
-    // Takes ownership of o. During a walk, o waits until the end of removeDeadObjects.
-    void addObject(Object* o);
-    // Forgets o without deleting it or taking it out of the block map; refused during a walk.
-    bool removeObject(Object* o);
+    // During a walk, o waits until the end of removeDeadObjects.
+    void addObject(std::unique_ptr<Object> o);
+    // Hands o back to the caller without taking it out of the block map; null when refused
+    // during a walk or when o is not registered.
+    std::unique_ptr<Object> removeObject(Object* o);
 
     // Moves every live object; an object whose rectangle changed is re-entered in the block map
     // after its collisions at the new place are resolved.
@@ -40,7 +42,8 @@ class ObjectSystem {
     // Registered objects only; those still waiting in the queue are not counted.
     int getObjectCount() const { return static_cast<int>(objects.size()); }
     Object* getObjectById(int id) const;
-    const std::vector<Object*>& getObjects() const { return objects; }
+    // The registered objects in order of registration, as links.
+    std::vector<Object*> getObjects() const;
 
   private:
     void moveObject(Object* o);
@@ -48,9 +51,9 @@ class ObjectSystem {
     void letGo(Object* o);
 
     BlockSystem& blockSystem;
-    std::vector<Object*> objects;  // in order of registration; owned
+    std::vector<std::unique_ptr<Object>> objects;  // in order of registration
     bool iterating = false;
-    std::queue<Object*> pending;  // added during a walk; owned
+    std::queue<std::unique_ptr<Object>> pending;  // added during a walk
 };
 
 }  // namespace Grevan

@@ -2,31 +2,20 @@
 
 namespace Grevan {
 
-PictureCache::~PictureCache() {
-    clear();
-}
-
 BITMAP* PictureCache::get(const std::string& path) {
     auto known = pictures.find(path);
-    if (known != pictures.end()) {
-        return known->second;
+    if (known == pictures.end()) {
+        known = pictures.emplace(path, load(path.c_str())).first;
     }
-    BITMAP* picture = load(path.c_str());
-    pictures.emplace(path, picture);
-    return picture;
+    return known->second.get();
 }
 
 void PictureCache::clear() {
-    for (auto& [path, picture] : pictures) {
-        if (picture) {
-            destroy_bitmap(picture);
-        }
-    }
     pictures.clear();
 }
 
-BITMAP* PictureCache::load(const char* path) {
-    BITMAP* picture = load_bitmap(path, nullptr);
+OwnedBitmap PictureCache::load(const char* path) {
+    OwnedBitmap picture(load_bitmap(path, nullptr));
     if (!picture) {
         allegro_message("Failed to load bitmap %s", path);
     }

@@ -5,6 +5,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "world/OwnedBitmap.h"
+
 namespace Grevan {
 
 // The pictures of one level, each file loaded once: every piece and gift box that names the same
@@ -14,7 +16,6 @@ namespace Grevan {
 class PictureCache {
   public:
     PictureCache() = default;
-    ~PictureCache();
     PictureCache(const PictureCache&) = delete;
     PictureCache& operator=(const PictureCache&) = delete;
 
@@ -26,10 +27,10 @@ class PictureCache {
     int getCount() const { return static_cast<int>(pictures.size()); }
 
     // A picture for the caller to own; on failure the message "Failed to load bitmap PATH" and null.
-    static BITMAP* load(const char* path);
+    static OwnedBitmap load(const char* path);
 
   private:
-    std::unordered_map<std::string, BITMAP*> pictures;  // null for a file that could not be loaded
+    std::unordered_map<std::string, OwnedBitmap> pictures;  // null for a file that could not be loaded
 };
 
 }  // namespace Grevan

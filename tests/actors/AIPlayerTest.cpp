@@ -82,7 +82,7 @@ TEST_F(Opponents, ShootOnlyAtALivingMainPlayerInTheViewThroughAClearLineFromThei
         if (lowBlock) {
             int centreY = me->getCentralY();
             // From 4 pixels above the centres' height down to the floor, between the two of them.
-            objects().addObject(new Probe(200, centreY - 4, 10, kFloorTop - centreY + 4));
+            objects().addObject(std::make_unique<Probe>(200, centreY - 4, 10, kFloorTop - centreY + 4));
         }
         if (mainPlayer == DEAD) {
             me->die();

@@ -116,20 +116,20 @@ TEST_F(PlayerTest, HoldingJumpJumpsOnEveryLandingAndNeverInTheAir) {
 TEST_F(PlayerTest, SlotZeroIsNeverUsedAndReplacingTheWeaponInHandDeselectsIt) {
     Grevan::Gun* inSlotZero = new Grevan::Gun(me);
     inSlotZero->addBullets(30);
-    me->setWeapon(0, inSlotZero);
+    me->setWeapon(0, std::unique_ptr<Grevan::Gun>(inSlotZero));
     EXPECT_EQ(me->getCurrentWeapon(), inSlotZero);
     me->fire(600, me->getY());
     runFrames(120);
     EXPECT_EQ(inSlotZero->getBulletTotal(), 30) << "never fired";
     EXPECT_EQ(inSlotZero->getBulletCurrent(), 0) << "never moved, so never reloaded";
 
-    me->setWeapon(1, new Grevan::Gun(me));
-    me->setWeapon(2, new Grevan::Pistol(me));
+    me->setWeapon(1, std::make_unique<Grevan::Gun>(me));
+    me->setWeapon(2, std::make_unique<Grevan::Pistol>(me));
     me->setEquipment(1);
-    me->setWeapon(1, new Grevan::Pistol(me));  // the old gun is deleted (LeakSanitizer watches)
+    me->setWeapon(1, std::make_unique<Grevan::Pistol>(me));  // the old gun is deleted (LeakSanitizer watches)
     EXPECT_EQ(me->getEquipment(), 0);
     me->setEquipment(2);
-    me->setWeapon(1, new Grevan::Gun(me));
+    me->setWeapon(1, std::make_unique<Grevan::Gun>(me));
     EXPECT_EQ(me->getEquipment(), 2) << "replacing another slot keeps the choice";
 }
 
@@ -163,8 +163,8 @@ TEST_F(PlayerTest, PlayersWalkThroughCorpsesAndBumpingEndsAScriptedWalk) {
 }
 
 TEST_F(PlayerTest, ALivePlayerDrawsTheWeaponInHandAndACorpseDrawsNone) {
-    me->setWeapon(1, new Grevan::Gun(me));
-    me->setWeapon(2, new Grevan::Pistol(me));
+    me->setWeapon(1, std::make_unique<Grevan::Gun>(me));
+    me->setWeapon(2, std::make_unique<Grevan::Pistol>(me));
     BITMAP* bare = create_bitmap(buffer->w, buffer->h);
     const std::tuple<bool, int, bool> cases[] = {
         {true, 1, true}, {true, 2, true}, {true, 3, false}, {false, 1, false}};

@@ -22,7 +22,7 @@ class GiftBoxes : public CombatScene {
         box->setY(kFloorTop - 20);
         box->setWidth(20);
         box->setHeight(20);
-        objects().addObject(box);
+        objects().addObject(std::unique_ptr<Grevan::PresentBox>(box));
         runFrames(5);
         walker->moveRight(true);
         for (int i = 0; i < 200; i++) {

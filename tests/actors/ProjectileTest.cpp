@@ -105,7 +105,7 @@ TEST_F(ProjectileTest, AnExplosionHitsEveryoneInReachOnEachOfItsTenFramesAndCred
     ASSERT_EQ(farther->getCentralX() - victim->getCentralX(), 100);
     victim->setHealth(20);
     me->setHealth(15);
-    objects().addObject(new Explosion(me, victim->getCentralX(), victim->getCentralY()));
+    objects().addObject(std::make_unique<Explosion>(me, victim->getCentralX(), victim->getCentralY()));
     int deathFrame = -1;
     for (int frame = 0; frame < 12; frame++) {
         runFrames(1);

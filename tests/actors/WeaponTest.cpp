@@ -35,7 +35,7 @@ TEST_F(WeaponTest, HeldFireShootsOnceEveryFireDelayFrames) {
 
 TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) {
     Gun* gun = new Gun(me);
-    me->setWeapon(1, gun);
+    me->setWeapon(1, std::unique_ptr<Gun>(gun));
     gun->addBullets(45);
     int plays = playsOf("gun_reload", [&] {
         for (int frame = 0; frame < 100; frame++) {
@@ -60,7 +60,7 @@ TEST_F(WeaponTest, AbsurdRoundCountsStopAtTheReserveLimitEitherWay) {
                                                {2147483647, -2147483647 - 1, -limit}};
     for (auto [first, second, total] : cases) {
         Gun* gun = new Gun(me);
-        me->setWeapon(1, gun);
+        me->setWeapon(1, std::unique_ptr<Gun>(gun));
         gun->addBullets(first);
         gun->addBullets(second);
         EXPECT_EQ(gun->getBulletTotal(), total) << first << ", " << second;
@@ -150,7 +150,7 @@ TEST_F(WeaponTest, ShotsLeaveHalfThePictureWidthFromTheCentreOrTheCentreWithoutA
     std::string printed = GrevanTest::printedBy([&] {
         bare = new Player("bare", "nobody");
         bare->setPosition(Vector(300, 200));
-        objects().addObject(bare);
+        objects().addObject(std::unique_ptr<Player>(bare));
         pictureless = arm<Gun>(bare, 0);
     });
     EXPECT_NE(printed.find("Failed to load bitmap image/role/nobody/gun.bmp"), std::string::npos) << printed;

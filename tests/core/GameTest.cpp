@@ -34,10 +34,10 @@ TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
         return nullptr;
     };
     long counter = 0;
-    void* first = Grevan::createThread(&counter, countUnderTheLock);
-    void* second = Grevan::createThread(&counter, countUnderTheLock);
-    Grevan::joinThread(first);
-    Grevan::joinThread(second);
+    auto first = Grevan::createThread(&counter, countUnderTheLock);
+    auto second = Grevan::createThread(&counter, countUnderTheLock);
+    Grevan::joinThread(std::move(first));
+    Grevan::joinThread(std::move(second));
     EXPECT_EQ(counter, 200000);
 }
 
@@ -48,7 +48,7 @@ TEST_F(GameFrame, FrameMovesReapsAndThenWritesOnlyTheFpsLineWithoutAMainPlayer) 
     bool deleted = false;
     doomed->deleted = &deleted;
     doomed->onMove = [doomed] { doomed->die(); };
-    objects().addObject(doomed);
+    objects().addObject(std::unique_ptr<Probe>(doomed));
     game->playFrame(buffer, 17);
     EXPECT_TRUE(deleted) << "moved, died and reaped in the frame";
     EXPECT_EQ(map().getClientX(), 0) << "no main player: the camera stays";
@@ -67,8 +67,8 @@ TEST_F(GameFrame, AnIdSharedByTwoPlayersFindsTheFirstAdded) {
     Player* first = new Player("first", "soldier");
     srand(3);
     Player* second = new Player("second", "soldier");
-    game->addPlayer(first);
-    game->addPlayer(second);
+    game->addPlayer(std::unique_ptr<Player>(first));
+    game->addPlayer(std::unique_ptr<Player>(second));
     EXPECT_EQ(game->getPlayer(second->getPlayerId()), first);
     EXPECT_EQ(game->getPlayer(first->getPlayerId() + 1), nullptr);
 }

@@ -29,13 +29,13 @@ Player* addArmedPlayer(const char* role, int x) {
     Player* p = new Player("fuzz", role);
     p->setX(x);
     p->setY(0);
-    p->setWeapon(1, new Grevan::Gun(p));
-    p->setWeapon(2, new Grevan::Grenade(p));
+    p->setWeapon(1, std::make_unique<Grevan::Gun>(p));
+    p->setWeapon(2, std::make_unique<Grevan::Grenade>(p));
     for (int slot : {1, 2}) {
         p->getWeapon(slot)->addBullets(100);
     }
     p->setEquipment(1);
-    game->addPlayer(p);
+    game->addPlayer(std::unique_ptr<Player>(p));
     return p;
 }
 

@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Player* p = new Player("fuzz", roleName);
     p->setX(100);
     p->setY(100);
-    game->addPlayer(p);
+    game->addPlayer(std::unique_ptr<Player>(p));
     p->moveRight(true);
     for (int frame = 0; frame < 30; ++frame) {
         if (frame == 10) {

@@ -82,9 +82,10 @@ TEST_F(HostFunctions, AddPlayerMakesTheLastHumanTheUsersAndOnlyOpponentsTakeAnAI
 
 TEST_F(HostFunctions, AddPlayerWeaponFillsAnEmptySlotByItsNumberAndThenOnlyAddsRounds) {
     EXPECT_EQ(run("addPlayerWeapon(Me, 1, 10)\naddPlayerWeapon(Me, 1, 5)\naddPlayerWeapon(Me, 2, 7)\n"
-                  "addPlayerWeapon(Me, 3, 2)\naddPlayerWeapon(Me, 0, 9)\naddPlayerWeapon(Me, 6, 9)\n"
-                  "addPlayerWeapon(Me + 1000, 1, 9)"),
-              "No weapon slot 6\n");
+                  "addPlayerWeapon(Me, 3, 2)\naddPlayerWeapon(Me, 0, 9)\naddPlayerWeapon(Me, 4, 9)\n"
+                  "addPlayerWeapon(Me, 6, 9)\naddPlayerWeapon(Me, -1, 9)\naddPlayerWeapon(Me + 1000, 1, 9)"),
+              "")
+        << "other slots and unknown ids: nothing, silently";
     EXPECT_EQ(me->getWeapon(0), nullptr);
     ASSERT_NE(dynamic_cast<Grevan::Pistol*>(me->getWeapon(1)), nullptr);
     ASSERT_NE(dynamic_cast<Grevan::Gun*>(me->getWeapon(2)), nullptr);

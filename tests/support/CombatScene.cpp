@@ -26,7 +26,7 @@ Player* CombatScene::addStandingPlayer(int x, const std::string& role) {
 void CombatScene::standOnFloor(Player* p, int x) {
     p->setX(x);
     p->setY(kFloorTop - p->getHeight() - 4);
-    game->addPlayer(p);
+    game->addPlayer(std::unique_ptr<Player>(p));
     for (int i = 0; i < 60 && p->isFree(); i++) {
         runFrames(1);
     }

@@ -29,7 +29,7 @@ class CombatScene : public HeadlessGame {
     template <typename Kind>
     Kind* arm(Grevan::Player* holder, int spare, int slot = 1) {
         Kind* w = new Kind(holder);
-        holder->setWeapon(slot, w);
+        holder->setWeapon(slot, std::unique_ptr<Kind>(w));
         holder->setEquipment(slot);
         w->addBullets(w->getMagazineSize());
         runUntilReady(w);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <vector>
 
 #include "support/HeadlessGame.h"
@@ -21,7 +22,7 @@ class ObjectSystemTest : public HeadlessGame {
     Probe* registered(int x, int y, bool collidable = true, bool* deleted = nullptr) {
         Probe* probe = new Probe(x, y, 10, 10, collidable);
         probe->deleted = deleted;
-        objects().addObject(probe);
+        objects().addObject(std::unique_ptr<Probe>(probe));
         return probe;
     }
     Cells cellsHolding(Object* o) { return GrevanTest::cellsHolding(blocks(), o); }
@@ -34,8 +35,8 @@ TEST_F(ObjectSystemTest, DuringAWalkAnAddedObjectWaitsForTheReapAndARemovalIsRef
     bool removedDuringWalk = true;
     parent->onMove = [&] {
         if (parent->moves == 1) {
-            objects().addObject(child);
-            removedDuringWalk = objects().removeObject(other);
+            objects().addObject(std::unique_ptr<Probe>(child));
+            removedDuringWalk = objects().removeObject(other) != nullptr;
         }
     };
     EXPECT_EQ(GrevanTest::printedBy([&] { objects().moveObjects(); }),
@@ -47,12 +48,12 @@ TEST_F(ObjectSystemTest, DuringAWalkAnAddedObjectWaitsForTheReapAndARemovalIsRef
     objects().removeDeadObjects();
     EXPECT_EQ(objects().getObjects(), (std::vector<Object*>{parent, other, child}));
     EXPECT_EQ(cellsHolding(child), (Cells{{0, 0}}));
-    // Outside a walk a removal only forgets: the object stays in the block map until taken out.
-    EXPECT_TRUE(objects().removeObject(other));
-    EXPECT_FALSE(objects().removeObject(other));
+    // Outside a walk a removal hands the object back: it stays in the block map until taken out.
+    std::unique_ptr<Object> removed = objects().removeObject(other);
+    EXPECT_EQ(removed.get(), other);
+    EXPECT_EQ(objects().removeObject(other), nullptr);
     EXPECT_EQ(cellsHolding(other), (Cells{{0, 0}}));
     blocks().removeObject(other);
-    delete other;
 }
 
 TEST_F(ObjectSystemTest, TheDeadAreDrawnButNotMovedUntilReapedAllInOnePassAndTheRestKeepTheirOrder) {
@@ -93,7 +94,7 @@ TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAnd
     runner->setVelocity(Vector(4, 0));
     Probe* ghost = registered(170, 50, false);  // moves, but cannot collide
     ghost->setVelocity(Vector(40, 0));
-    objects().addObject(new Probe(190, 0, 20, 200));
+    objects().addObject(std::make_unique<Probe>(190, 0, 20, 200));
     objects().moveObjects();
     EXPECT_TRUE(resting->offered.empty());
     EXPECT_TRUE(ghost->offered.empty());
@@ -108,12 +109,12 @@ TEST_F(ObjectSystemTest, OnlyCollidableObjectsWhoseRectangleChangedAreCheckedAnd
 }
 
 TEST_F(ObjectSystemTest, ABodyKeepsItsRidersWhileItMeetsSomethingAndLetsGoOnceItMovesClear) {
-    objects().addObject(new Probe(190, 0, 20, 200));
+    objects().addObject(std::make_unique<Probe>(190, 0, 20, 200));
     RealBody* lift = GrevanTest::makeBody(150, 100, 30, 10);
     lift->setFree(false);  // neither free nor on a board: no gravity
     RealBody* rider = GrevanTest::makeBody(150, 81, 20, 20);
     for (RealBody* body : {lift, rider}) {
-        objects().addObject(body);
+        objects().addObject(std::unique_ptr<RealBody>(body));
     }
     rider->handleCollision(Grevan::SIDE_BOTTOM, lift);
     lift->setVelocity(Vector(15, 0));
