@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <map>
+#include <set>
 #include <tuple>
 
 #include "actors/FrontSight.h"
@@ -11,17 +14,12 @@ using Grevan::FrontSight;
 
 namespace {
 
-TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemToFour) {
+TEST(FrontSight, KicksPushUpToTheirStrengthOnEachAxisAndWidenTheArmsUntilPastTheMaximum) {
     FrontSight sight;
     const std::pair<int, int> kicks[] = {
         {0, 5}, {30, 35}, {30, 65}, {30, 65}, {1, 65}};  // strength, divergence
     for (auto [strength, divergence] : kicks) {
-        sight.setVelocity(Vector());
-        std::vector<int> draws = GrevanTest::upcomingRandoms(99, 2);
         sight.jump(strength);
-        // The second draw pushes along x, the first along y.
-        Vector kick(draws[1] % (2 * strength + 1) - strength, draws[0] % (2 * strength + 1) - strength);
-        EXPECT_TRUE(GrevanTest::isNear(sight.getVelocity(), kick)) << strength;
         EXPECT_EQ(sight.getDivergence(), divergence);
     }
     // From an even divergence the arms close to 4, one below the resting 5.
@@ -30,20 +28,47 @@ TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemToF
         sight.move();
     }
     EXPECT_EQ(sight.getDivergence(), 4);
+    // Each axis takes a whole push of its own, from -strength to strength.
+    std::set<int> pushes;
+    bool axesDiffer = false;
+    for (int i = 0; i < 400; i++) {
+        sight.setVelocity(Vector());
+        sight.jump(30);
+        const Vector v = sight.getVelocity();
+        for (float push : {v.x, v.y}) {
+            EXPECT_TRUE(push == std::trunc(push) && std::fabs(push) <= 30) << push;
+            pushes.insert(static_cast<int>(push));
+        }
+        axesDiffer = axesDiffer || v.x != v.y;
+    }
+    EXPECT_GT(pushes.size(), 50u);
+    EXPECT_TRUE(axesDiffer);
 }
 
+// Faster than a tenth of a pixel a frame, the sight brakes on each axis by a random 0 to 99 percent
+// of its velocity; slower, it keeps the last brake.
 TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne) {
-    const std::tuple<float, float, bool> cases[] = {
-        {4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
-    for (auto [vx, vy, brakes] : cases) {  // the velocity, whether it draws a brake
-        FrontSight sight;
-        sight.setAcceleration(Vector(0.5f, 0.5f));
-        sight.setVelocity(Vector(vx, vy));
-        std::vector<int> draws = GrevanTest::upcomingRandoms(5, 2);
-        sight.move();
-        Vector brake =
-            brakes ? Vector(draws[0] % 100 * -vx / 100, draws[1] % 100 * -vy / 100) : Vector(0.5f, 0.5f);
-        EXPECT_TRUE(GrevanTest::isNear(sight.getAcceleration(), brake)) << vx << ", " << vy;
+    const std::tuple<Vector, bool> cases[] = {
+        {{4.0f, -2.0f}, true}, {{0.11f, 0.0f}, true}, {{0.0f, -0.2f}, true}, {{0.1f, -0.1f}, false}};
+    for (auto [velocity, brakes] : cases) {       // whether it draws a brake
+        std::map<float, std::set<int>> percents;  // by the speed braked
+        for (int i = 0; i < 400; i++) {
+            FrontSight sight;
+            sight.setAcceleration(Vector(0.5f, 0.5f));
+            sight.setVelocity(velocity);
+            sight.move();
+            const Vector brake = sight.getAcceleration();
+            for (auto [speed, braking] :
+                 {std::make_pair(velocity.x, brake.x), std::make_pair(velocity.y, brake.y)}) {
+                const int percent = speed == 0.0f ? 0 : std::lround(-braking / speed * 100);
+                EXPECT_NEAR(braking, brakes ? -percent * speed / 100 : 0.5f, 1e-5) << speed;
+                EXPECT_TRUE(!brakes || (percent >= 0 && percent <= 99)) << percent;
+                percents[speed].insert(percent);
+            }
+        }
+        for (auto [speed, seen] : percents) {
+            EXPECT_EQ(seen.size() > 50, brakes && speed != 0.0f) << speed;
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
 #include <tuple>
 
 #include "actors/Blood.h"
@@ -18,11 +19,16 @@ namespace {
 
 using PlayerTest = CombatScene;
 
-TEST_F(PlayerTest, InitializeDrawsTheIdThenTheColourBlueFirst) {
-    std::vector<int> draws = GrevanTest::upcomingRandoms(77, 4);
-    Player p;
-    EXPECT_EQ(p.getPlayerId(), draws[0]);
-    EXPECT_EQ(p.getColor(), makecol(draws[3] % 255, draws[2] % 255, draws[1] % 255));
+// A player's colour marks its own pixels in the block map, where outlines are white and empty
+// pixels black: no two players may share one, nor take either of those.
+TEST_F(PlayerTest, EveryPlayerGetsAColourOfItsOwnThatIsNeitherWhiteNorBlack) {
+    std::set<int> colours;
+    for (int i = 0; i < 50; i++) {
+        const int colour = Player().getColor();
+        EXPECT_TRUE(colour != makecol(255, 255, 255) && colour != 0) << colour;
+        colours.insert(colour);
+    }
+    EXPECT_EQ(colours.size(), 50u);
 }
 
 TEST_F(PlayerTest, ReleasingOneKeyHandsTheWalkToTheOtherAndReleasingBothStopsEverything) {

@@ -16,16 +16,6 @@ Grevan::RealBody* makeBody(int x, int y, int width, int height) {
     return body;
 }
 
-std::vector<int> upcomingRandoms(unsigned seed, int count) {
-    srand(seed);
-    std::vector<int> values;
-    for (int i = 0; i < count; i++) {
-        values.push_back(rand());
-    }
-    srand(seed);
-    return values;
-}
-
 testing::AssertionResult isNear(const Vector& v, const Vector& expected) {
     if (std::fabs(v.x - expected.x) < 1e-4f && std::fabs(v.y - expected.y) < 1e-4f) {
         return testing::AssertionSuccess();

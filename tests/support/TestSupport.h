@@ -18,10 +18,6 @@ namespace GrevanTest {
 // A rigid body of the given rectangle, without a picture.
 Grevan::RealBody* makeBody(int x, int y, int width, int height);
 
-// The next `count` values of rand() after srand(seed), which is then called again, so that the
-// code under test draws the same values.
-std::vector<int> upcomingRandoms(unsigned seed, int count);
-
 // Whether both components of the vector are within 1e-4 of the expected ones.
 testing::AssertionResult isNear(const Vector& v, const Vector& expected);
 
