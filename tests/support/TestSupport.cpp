@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 
 namespace GrevanTest {
 
@@ -77,12 +76,6 @@ std::string takeEvent(Grevan::ScriptSystem& scripts) {
     }
     return e->name + " " + e->text + " " + std::to_string(e->arg1) + " " + std::to_string(e->arg2) + " " +
            std::to_string(e->arg3);
-}
-
-std::string buildOutputPath(const std::string& name) {
-    const std::filesystem::path folder = std::filesystem::path(GREVAN_BINARY_DIR) / "test-output";
-    std::filesystem::create_directories(folder);
-    return (folder / name).string();
 }
 
 }  // namespace GrevanTest

@@ -57,7 +57,4 @@ int differingPixels(BITMAP* a, BITMAP* b);
 // Takes the oldest queued script event and tells it as "name text arg1 arg2 arg3", or "none".
 std::string takeEvent(Grevan::ScriptSystem& scripts);
 
-// A path under the build folder, for files a person may want to look at.
-std::string buildOutputPath(const std::string& name);
-
 }  // namespace GrevanTest

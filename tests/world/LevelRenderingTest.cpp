@@ -14,7 +14,6 @@ TEST_F(LevelRendering, FrameShowsBackgroundThenPiecesInOrderAndNeverMagenta) {
     map().moveClientTo(1000, 300);
     ASSERT_EQ(map().getClientX(), 600);
     runFrames(1);
-    save_bitmap(GrevanTest::buildOutputPath("meadow_frame.bmp").c_str(), buffer, nullptr);
     EXPECT_EQ(GrevanTest::pixelsOf(buffer, makecol(255, 0, 255)), 0);
 
     // What the frame must show: the background colour, then the opaque pixels of each visible
