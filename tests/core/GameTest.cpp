@@ -115,7 +115,7 @@ TEST_F(GameFrame, DrawsTheStatusBarThenTheRobotOnTheScreenThenTheBubbleAndHidesT
         << "the robot at (10, 150), whatever the camera";
     const int boxX = bubble.getX() - map().getClientX() + 15;
     const int boxY = bubble.getY() - map().getClientY() + 15;
-    EXPECT_EQ(getpixel(buffer, boxX, boxY), GrevanTest::atAlpha200Over(background, 0))
+    EXPECT_EQ(getpixel(buffer, boxX, boxY), GrevanTest::blendedOver(background, 0))
         << "the bubble in the world";
     EXPECT_EQ(GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500), 0) << "no sight under a bubble";
     // The robot is drawn over the status bar.

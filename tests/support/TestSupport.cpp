@@ -46,12 +46,12 @@ int pixelsOf(BITMAP* b, int colour, int left, int top, int right, int bottom) {
     return count;
 }
 
-int atAlpha200Over(int background, int colour) {
+int blendedOver(int background, int colour, int alpha) {
     BITMAP* under = create_bitmap(1, 1);
     BITMAP* over = create_bitmap(1, 1);
     clear_to_color(under, background);
     clear_to_color(over, colour);
-    set_trans_blender(0, 0, 0, 200);
+    set_trans_blender(0, 0, 0, alpha);
     draw_trans_sprite(under, over, 0, 0);
     int result = getpixel(under, 0, 0);
     destroy_bitmap(over);

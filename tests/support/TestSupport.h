@@ -48,9 +48,9 @@ std::string printedBy(Body body) {
 
 // Pixels of the colour within the rectangle (edges inclusive, clipped to the bitmap).
 int pixelsOf(BITMAP* b, int colour, int left = 0, int top = 0, int right = INT_MAX, int bottom = INT_MAX);
-// What a pixel of the colour becomes when drawn at alpha 200 over the background colour, as
-// the half-transparent overlays of the game are drawn.
-int atAlpha200Over(int background, int colour);
+// What a pixel of the colour becomes when drawn at the alpha over the background colour, as the
+// half-transparent overlays of the game are drawn.
+int blendedOver(int background, int colour, int alpha = 200);
 // Pixels at which two bitmaps of one size differ.
 int differingPixels(BITMAP* a, BITMAP* b);
 

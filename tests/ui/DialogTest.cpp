@@ -64,8 +64,8 @@ TEST_F(SpeechBubble, StandsOnThePointAndOpensToTheLeftWhenItWouldLeaveTheViewOnT
 
 TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
     const int green = makecol(0, 250, 0);
-    const int blended = GrevanTest::atAlpha200Over(green, makecol(0, 0, 0));
-    const int white = GrevanTest::atAlpha200Over(green, makecol(255, 255, 255));
+    const int blended = GrevanTest::blendedOver(green, makecol(0, 0, 0));
+    const int white = GrevanTest::blendedOver(green, makecol(255, 255, 255));
     for (bool opensLeft : {false, true}) {
         int pointX = opensLeft ? 790 : 100;
         bubble.setPosition(pointX, 300).setText("Hello").setColor(makecol(255, 0, 0)).show();
