@@ -98,17 +98,6 @@ TEST_F(AnimationTest, SetFrameOutsideTheActionGivesFrameZeroAndDirectionOneAlone
     }
 }
 
-TEST_F(AnimationTest, DescriptionsThatGiveNothingDrawNothing) {
-    for (std::string text : {"0\n", "", "two actions\n"}) {
-        Animation empty;
-        EXPECT_EQ(load(empty, text), "") << text;
-        empty.setAction(0);
-        empty.nextFrame();
-        EXPECT_EQ(empty.getFrameWidth(), 0) << text;
-        EXPECT_EQ(GrevanTest::pixelsOf(drawn(empty, 0), 0), 800 * 600) << text;
-    }
-}
-
 TEST_F(AnimationTest, BadActionBlocksEndLoadingWithAMessageAndKeepEarlierActions) {
     std::string absent = folder.getPath() + "/absent.bmp";
     std::string config = folder.getPath() + "/config.dat";
