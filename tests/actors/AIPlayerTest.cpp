@@ -33,11 +33,11 @@ class Opponents : public CombatScene {
         EXPECT_LT(opponent->getThinkTimer(), 1) << "the timer runs on below 0";
         return opponent;
     }
-    // Lets the opponent take a decision after each of srand(1) to srand(count), putting it back
-    // where it stood after each.
+    // Has the opponent decide after each of srand(1) to srand(count), putting it back where it stood
+    // and taking its shots out of the air (their blood would lie in the next one's line) after each.
     struct Decisions {
         int taken = 0;
-        std::set<int> walkTargets;                  // x
+        std::set<int> walkTargets;
         std::vector<std::pair<int, int>> shotsOff;  // the point fired at less the main player's centre
     };
     Decisions decide(AIPlayer* opponent, unsigned count) {
@@ -56,7 +56,6 @@ class Opponents : public CombatScene {
                 seen.shotsOff.emplace_back(opponent->getFireX() - me->getCentralX(),
                                            opponent->getFireY() - me->getCentralY());
             }
-            // Shots are taken out of the air, so that no blood lies in the next one's line.
             for (Grevan::Bullet* bullet : GrevanTest::objectsOf<Grevan::Bullet>(objects())) {
                 bullet->die();
             }
@@ -72,20 +71,9 @@ class Opponents : public CombatScene {
     Grevan::Gun* gun = nullptr;
 };
 
-TEST_F(Opponents, TheFirstDecisionComesAfter50FramesAndAWalkHeadsForEitherEndOfTheMap) {
+TEST_F(Opponents, AWalkHeadsForEitherEndOfTheMap) {
+    AIPlayer* opponent = addWaitingGunman(900);  // out of the view, so it never shoots
     game->setMainPlayer(me);
-    auto* opponent = new AIPlayer("opponent", "raider");
-    opponent->setX(900);  // out of the view, so it never shoots
-    opponent->setY(kFloorTop - opponent->getHeight());
-    game->addPlayer(opponent);
-    gun = arm<Grevan::Gun>(opponent, 0);
-    int frames = 0;  // until the timer starts again from the top: the first decision
-    for (int left = AIPlayer::kFirstThought; opponent->getThinkTimer() <= left && frames < 100; frames++) {
-        left = opponent->getThinkTimer();
-        runFrames(1);
-    }
-    EXPECT_EQ(frames, AIPlayer::kFirstThought);
-    runFrames(AIPlayer::kThinkEvery - 1);
     Decisions seen = decide(opponent, 40);
     EXPECT_EQ(seen.taken, 40);
     EXPECT_EQ(seen.walkTargets, (std::set<int>{-1000, 1000}));
