@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 
-#include "core/GameLock.h"
 #include "support/CombatScene.h"
 #include "support/GuiFolder.h"
 #include "support/Probe.h"
@@ -21,24 +20,6 @@ TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
               "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
     EXPECT_FALSE(started);
     game.getScreen().flip();  // no pages: nothing to do, and no crash
-}
-
-TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
-    Game game(Grevan::StartMode::HEADLESS);  // creates the lock
-    void* (*countUnderTheLock)(void*) = [](void* counter) -> void* {
-        for (int i = 0; i < 100000; ++i) {
-            Grevan::lockGame();
-            *static_cast<long*>(counter) += 1;
-            Grevan::unlockGame();
-        }
-        return nullptr;
-    };
-    long counter = 0;
-    void* first = Grevan::createThread(&counter, countUnderTheLock);
-    void* second = Grevan::createThread(&counter, countUnderTheLock);
-    Grevan::joinThread(first);
-    Grevan::joinThread(second);
-    EXPECT_EQ(counter, 200000);
 }
 
 using GameFrame = CombatScene;
