@@ -117,16 +117,15 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
     const int characterColour = makecol(200, 40, 40);
     rect(blocks().getBlockMap(), 200, 50, 239, 89, characterColour);
     // The colour ignored, the line, whether it is found and where (-7 where nothing is found and the
-    // outputs stay as they were).
+    // outputs stay as they were). Inside an outline nothing is in the way; off the map reads as -1.
     const std::tuple<int, int, int, int, int, bool, int, int> cases[] = {
         {0, 0, 125, 300, 125, true, 100, 125},
         {0, 300, 125, 0, 125, true, 149, 125},
-        {0, 110, 110, 140, 140, false, -7, -7},  // inside an outline nothing is in the way
+        {0, 110, 110, 140, 140, false, -7, -7},
         {characterColour, 200, 50, 239, 50, false, -7, -7},
         {makecol(255, 255, 255), 200, 50, 239, 50, true, 200, 50},
-        {0, 390, 10, 410, 10, true, 400, 10},  // off the map reads as -1
-        {-1, 390, 10, 410, 10, false, -7, -7},
-    };
+        {0, 390, 10, 410, 10, true, 400, 10},
+        {-1, 390, 10, 410, 10, false, -7, -7}};
     for (auto [ignored, x1, y1, x2, y2, found, x, y] : cases) {
         int hitX = -7;
         int hitY = -7;
