@@ -52,22 +52,9 @@ TEST_F(StatusBar, BarsAreTheArmourPictureWidthTimesTheValueDividedBy100) {
     EXPECT_EQ(getpixel(buffer, 5, 5), makecol(70, 70, 70));
 }
 
-TEST_F(StatusBar, AFullMagazineIsARowOfCartridgesEightPixelsApartAndTheReserveIsWritten) {
-    auto* pistol = arm<Grevan::Pistol>(me, 40, 1);
-    while (pistol->getBulletCurrent() > 12) {
-        pistol->reduceBullet();
-    }
-    EXPECT_EQ(drawnOnRow("bullet", InfoBar::kCartridgeY + 1), 12 * GuiFolder::kBulletWidth);
-    for (int i = 0; i < 12; i++) {
-        EXPECT_EQ(getpixel(buffer, 392 + 8 * i, InfoBar::kCartridgeY + 1), GuiFolder::colourOf("bullet"))
-            << i;
-    }
-    // The reserve, 40, in white at (392, 30); and the pistol's icon.
-    EXPECT_GT(GrevanTest::pixelsOf(buffer, kWhite, 392, 30, 407, 37), 0);
-    EXPECT_EQ(getpixel(buffer, InfoBar::kIconX, InfoBar::kIconY), GuiFolder::colourOf("pistol"));
-}
-
-TEST_F(StatusBar, WithoutAWeaponNoCartridgesNoNumberAndTheIconOnlyForASelectedSlot) {
+// Without a weapon in hand: no cartridges, no number, and an icon only for a selected slot; with
+// the pistol, a full magazine is a row of cartridges 8 pixels apart and the reserve is written.
+TEST_F(StatusBar, CartridgesAndTheReserveShowOnlyForAWeaponInHandAndTheIconForASelectedSlot) {
     const std::pair<int, const char*> cases[] = {
         {0, nullptr}, {1, "pistol"}, {2, "gun"}, {3, "grenade"}, {4, nullptr}};
     for (auto [equipment, icon] : cases) {
@@ -77,6 +64,16 @@ TEST_F(StatusBar, WithoutAWeaponNoCartridgesNoNumberAndTheIconOnlyForASelectedSl
             << "equipment " << equipment;
         EXPECT_EQ(GrevanTest::pixelsOf(buffer, kWhite, 380, 20, 799, 99), 0);
     }
+    auto* pistol = arm<Grevan::Pistol>(me, 40, 1);
+    while (pistol->getBulletCurrent() > 12) {
+        pistol->reduceBullet();
+    }
+    EXPECT_EQ(drawnOnRow("bullet", InfoBar::kCartridgeY + 1), 12 * GuiFolder::kBulletWidth);
+    for (int i = 0; i < 12; i++) {
+        EXPECT_EQ(getpixel(buffer, 392 + 8 * i, InfoBar::kCartridgeY + 1), GuiFolder::colourOf("bullet"))
+            << i;
+    }
+    EXPECT_GT(GrevanTest::pixelsOf(buffer, kWhite, 392, 30, 407, 37), 0) << "the reserve, 40, at (392, 30)";
 }
 
 TEST_F(StatusBar, WithoutAMainPlayerTheStoredFiguresStayAndAHiddenBarDrawsNothing) {
