@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <cstdlib>
+#include <set>
 #include <tuple>
 #include <vector>
 
+#include "actors/Bullet.h"
 #include "actors/Gun.h"
 #include "support/CombatScene.h"
 #include "support/Probe.h"
@@ -31,37 +33,51 @@ class Opponents : public CombatScene {
         EXPECT_LT(opponent->getThinkTimer(), 1) << "the timer runs on below 0";
         return opponent;
     }
-    // Seeds rand() so that its next draws satisfy the condition; returns them.
-    std::vector<int> seedSuchThat(const std::function<bool(const std::vector<int>&)>& wanted) {
-        for (unsigned seed = 1;; seed++) {
-            std::vector<int> draws = GrevanTest::upcomingRandoms(seed, 3);
-            if (wanted(draws)) {
-                return draws;
+    // Has the opponent decide after each of srand(1) to srand(count), putting it back where it stood
+    // and taking its shots out of the air (their blood would lie in the next one's line) after each.
+    struct Decisions {
+        int taken = 0;
+        std::set<int> walkTargets;
+        std::vector<std::pair<int, int>> shotsOff;  // the point fired at less the main player's centre
+    };
+    Decisions decide(AIPlayer* opponent, unsigned count) {
+        Decisions seen;
+        const int x = opponent->getX();
+        const int y = opponent->getY();
+        for (unsigned seed = 1; seed <= count; seed++) {
+            srand(seed);
+            const int rounds = gun->getBulletCurrent();
+            runFrames(1);
+            seen.taken += opponent->getThinkTimer() == AIPlayer::kThinkEvery ? 1 : 0;
+            if (opponent->isPlayerActionOn()) {
+                seen.walkTargets.insert(opponent->getAction().x);
             }
+            if (gun->getBulletCurrent() < rounds) {
+                seen.shotsOff.emplace_back(opponent->getFireX() - me->getCentralX(),
+                                           opponent->getFireY() - me->getCentralY());
+            }
+            for (Grevan::Bullet* bullet : GrevanTest::objectsOf<Grevan::Bullet>(objects())) {
+                bullet->die();
+            }
+            opponent->stopAction();
+            opponent->stopMoving();
+            opponent->setVelocity(Vector());
+            teleport(opponent, x, y);
+            runFrames(AIPlayer::kThinkEvery - 1);
         }
+        return seen;
     }
 
     Grevan::Gun* gun = nullptr;
 };
 
-TEST_F(Opponents, TheFirstDecisionComesAfter50FramesAndAWalkHeadsForEitherEndOfTheMap) {
-    for (bool towardsLeft : {true, false}) {
-        loadLevel(false);
-        game->setMainPlayer(me);
-        AIPlayer* opponent = addOpponent(300);
-        // A walk whose direction is the second draw: an even one walks towards -width.
-        seedSuchThat([towardsLeft](const std::vector<int>& r) {
-            return r[0] % 7 == 4 && ((r[1] & 1) == 0) == towardsLeft;
-        });
-        while (opponent->getThinkTimer() > 1) {
-            runFrames(1);
-            ASSERT_FALSE(opponent->isPlayerActionOn()) << "no decision in the grace";
-        }
-        runFrames(1);
-        ASSERT_TRUE(opponent->isPlayerActionOn()) << "the 50th frame decides";
-        EXPECT_EQ(opponent->getAction().type, Grevan::ACTION_MOVE_TO);
-        EXPECT_EQ(opponent->getAction().x, towardsLeft ? -1000 : 1000);
-    }
+TEST_F(Opponents, AWalkHeadsForEitherEndOfTheMap) {
+    AIPlayer* opponent = addWaitingGunman(900);  // out of the view, so it never shoots
+    game->setMainPlayer(me);
+    Decisions seen = decide(opponent, 40);
+    EXPECT_EQ(seen.taken, 40);
+    EXPECT_EQ(seen.walkTargets, (std::set<int>{-1000, 1000}));
+    EXPECT_TRUE(seen.shotsOff.empty());
 }
 
 TEST_F(Opponents, ShootOnlyAtALivingMainPlayerInTheViewThroughAClearLineFromTheirTopLeftCorner) {
@@ -88,15 +104,16 @@ TEST_F(Opponents, ShootOnlyAtALivingMainPlayerInTheViewThroughAClearLineFromThei
             me->die();
         }
         game->setMainPlayer(mainPlayer == NONE ? nullptr : me);
-        std::vector<int> r = seedSuchThat([](const std::vector<int>& r) { return r[0] % 7 <= 3; });
-        runFrames(1);
-        EXPECT_EQ(opponent->getThinkTimer() == AIPlayer::kThinkEvery, mainPlayer == ALIVE) << "decided";
-        EXPECT_EQ(gun->getBulletCurrent(), gun->getMagazineSize() - (shoots ? 1 : 0));
-        if (shoots) {
-            // y from the first draw after the decision's, x from the second.
-            EXPECT_EQ(opponent->getFireY(), me->getCentralY() + r[1] % 120 - 60);
-            EXPECT_EQ(opponent->getFireX(), me->getCentralX() + r[2] % 120 - 60);
+        Decisions seen = decide(opponent, 8);
+        EXPECT_EQ(seen.taken, mainPlayer == ALIVE ? 8 : 0);
+        // Each shot aims at a random point up to 60 pixels off the centre either way.
+        std::set<int> offsX, offsY;
+        for (auto [offX, offY] : seen.shotsOff) {
+            EXPECT_TRUE(std::abs(offX) <= 60 && std::abs(offY) <= 60) << offX << ", " << offY;
+            offsX.insert(offX);
+            offsY.insert(offY);
         }
+        EXPECT_EQ(offsX.size() > 1 && offsY.size() > 1, shoots);
     }
 }
 

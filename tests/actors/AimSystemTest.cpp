@@ -2,26 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <set>
 #include <tuple>
 
 #include "actors/FrontSight.h"
 #include "support/CombatScene.h"
 
 using Grevan::FrontSight;
+using GrevanTest::isNear;
 
 namespace {
 
-TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemToFour) {
+TEST(FrontSight, KicksPushUpToTheirStrengthOnEachAxisAndWidenTheArmsUntilPastTheMaximum) {
     FrontSight sight;
-    const std::pair<int, int> kicks[] = {
-        {0, 5}, {30, 35}, {30, 65}, {30, 65}, {1, 65}};  // strength, divergence
+    const std::pair<int, int> kicks[] = {{0, 5}, {30, 35}, {30, 65}, {30, 65}, {1, 65}};  // strength, arms
     for (auto [strength, divergence] : kicks) {
-        sight.setVelocity(Vector());
-        std::vector<int> draws = GrevanTest::upcomingRandoms(99, 2);
         sight.jump(strength);
-        // The second draw pushes along x, the first along y.
-        Vector kick(draws[1] % (2 * strength + 1) - strength, draws[0] % (2 * strength + 1) - strength);
-        EXPECT_TRUE(GrevanTest::isNear(sight.getVelocity(), kick)) << strength;
         EXPECT_EQ(sight.getDivergence(), divergence);
     }
     // From an even divergence the arms close to 4, one below the resting 5.
@@ -30,20 +27,44 @@ TEST(FrontSight, KicksPushAndWidenTheArmsUntilPastTheMaximumAndMovesCloseThemToF
         sight.move();
     }
     EXPECT_EQ(sight.getDivergence(), 4);
+    // Each axis takes a whole push of its own, up to the strength either way.
+    std::set<std::pair<float, float>> pushes;
+    for (int i = 0; i < 200; i++) {
+        sight.setVelocity(Vector());
+        sight.jump(30);
+        const Vector v = sight.getVelocity();
+        EXPECT_TRUE(v.x == std::trunc(v.x) && std::fabs(v.x) <= 30 && v.y == std::trunc(v.y) &&
+                    std::fabs(v.y) <= 30)
+            << v.x << ", " << v.y;
+        pushes.insert({v.x, v.y});
+    }
+    EXPECT_GT(pushes.size(), 100u);
 }
 
+// Faster than a tenth of a pixel a frame, the sight brakes on each axis by a random 0 to 99 percent
+// of its velocity; slower, it keeps the last brake.
 TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne) {
     const std::tuple<float, float, bool> cases[] = {
         {4.0f, -2.0f, true}, {0.11f, 0.0f, true}, {0.0f, -0.2f, true}, {0.1f, -0.1f, false}};
-    for (auto [vx, vy, brakes] : cases) {  // the velocity, whether it draws a brake
-        FrontSight sight;
-        sight.setAcceleration(Vector(0.5f, 0.5f));
-        sight.setVelocity(Vector(vx, vy));
-        std::vector<int> draws = GrevanTest::upcomingRandoms(5, 2);
-        sight.move();
-        Vector brake =
-            brakes ? Vector(draws[0] % 100 * -vx / 100, draws[1] % 100 * -vy / 100) : Vector(0.5f, 0.5f);
-        EXPECT_TRUE(GrevanTest::isNear(sight.getAcceleration(), brake)) << vx << ", " << vy;
+    for (auto [vx, vy, brakes] : cases) {
+        std::set<float> percentsX, percentsY;
+        for (int i = 0; i < 200; i++) {
+            FrontSight sight;
+            sight.setAcceleration(Vector(0.5f, 0.5f));
+            sight.setVelocity(Vector(vx, vy));
+            sight.move();
+            const Vector a = sight.getAcceleration();
+            const float px = vx ? std::round(-a.x / vx * 100) : 0;
+            const float py = vy ? std::round(-a.y / vy * 100) : 0;
+            EXPECT_TRUE(brakes ? px >= 0 && px <= 99 && py >= 0 && py <= 99 &&
+                                     isNear(a, {-px * vx / 100, -py * vy / 100})
+                               : isNear(a, {0.5f, 0.5f}))
+                << a.x << ", " << a.y;
+            percentsX.insert(px);
+            percentsY.insert(py);
+        }
+        EXPECT_EQ(std::make_pair(percentsX.size() > 50, percentsY.size() > 50),
+                  std::make_pair(brakes && vx != 0, brakes && vy != 0));
     }
 }
 

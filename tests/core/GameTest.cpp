@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 
-#include "core/GameLock.h"
 #include "support/CombatScene.h"
 #include "support/GuiFolder.h"
 #include "support/Probe.h"
@@ -21,24 +20,6 @@ TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
               "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
     EXPECT_FALSE(started);
     game.getScreen().flip();  // no pages: nothing to do, and no crash
-}
-
-TEST(GameLock, ThreadsTakeTurnsOnTheWorld) {
-    Game game(Grevan::StartMode::HEADLESS);  // creates the lock
-    void* (*countUnderTheLock)(void*) = [](void* counter) -> void* {
-        for (int i = 0; i < 100000; ++i) {
-            Grevan::lockGame();
-            *static_cast<long*>(counter) += 1;
-            Grevan::unlockGame();
-        }
-        return nullptr;
-    };
-    long counter = 0;
-    auto first = Grevan::createThread(&counter, countUnderTheLock);
-    auto second = Grevan::createThread(&counter, countUnderTheLock);
-    Grevan::joinThread(std::move(first));
-    Grevan::joinThread(std::move(second));
-    EXPECT_EQ(counter, 200000);
 }
 
 using GameFrame = CombatScene;
@@ -94,13 +75,12 @@ TEST_F(GameFrame, DrawsTheStatusBarThenTheRobotOnTheScreenThenTheBubbleAndHidesT
     GuiFolder gui;
     gui.runInside([this] {
         game->getInfoBar().initialize();
-        game->getInfoBar().show();
         game->createRobot();
     });
+    game->getInfoBar().show();
     Grevan::Robot* robot = game->getRobot();
     robot->show();
     Player* speaker = addStandingPlayer(900);
-    speaker->show();
     game->setMainPlayer(speaker);
     runFrames(1);
     EXPECT_EQ(map().getClientX(), 200) << "centred on the main player, then held in the level";
@@ -110,18 +90,15 @@ TEST_F(GameFrame, DrawsTheStatusBarThenTheRobotOnTheScreenThenTheBubbleAndHidesT
     Grevan::Dialog& bubble = game->getDialog();
     bubble.setDelay(1);
     bubble.setPosition(speaker->getCentralX(), speaker->getY()).setText("Hello").show();
-
     runFrames(1);
-    save_bitmap(GrevanTest::buildOutputPath("frame-with-bubble.bmp").c_str(), buffer, nullptr);
     EXPECT_EQ(getpixel(buffer, 128, 55), GuiFolder::colourOf("blood")) << "the health bar";
     EXPECT_EQ(getpixel(buffer, 30, 175), GuiFolder::colourOf("ib"))
         << "the robot at (10, 150), whatever the camera";
-    int boxX = bubble.getX() - map().getClientX() + 15;
-    int boxY = bubble.getY() - map().getClientY() + 15;
-    EXPECT_EQ(getpixel(buffer, boxX, boxY), GrevanTest::atAlpha200Over(background, makecol(0, 0, 0)))
-        << "the bubble, where it stands in the world";
+    const int boxX = bubble.getX() - map().getClientX() + 15;
+    const int boxY = bubble.getY() - map().getClientY() + 15;
+    EXPECT_EQ(getpixel(buffer, boxX, boxY), GrevanTest::blendedOver(background, 0))
+        << "the bubble in the world";
     EXPECT_EQ(GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500), 0) << "no sight under a bubble";
-
     // The robot is drawn over the status bar.
     robot->setX(100);
     robot->setY(40);

@@ -20,28 +20,23 @@ using Grevan::Object;
 namespace {
 
 TEST(MapSystem, CameraCentresOnThePointAndThenKeepsWithinTheLevel) {
-    struct Case {
-        int levelWidth, levelHeight, clientWidth, startX, pointX, pointY, clientX, clientY;
-    } cases[] = {
-        {2000, 600, 800, 0, 100, 300, 0, 0},
-        {2000, 600, 800, 0, 1900, 300, 1200, 0},
-        {2000, 600, 800, 900, 1000, 300, 600, 0},
-        {2000, 2000, 800, 0, 1000, 1500, 600, 1200},
-        {2000, 600, 800, 0, 399, 300, 0, 0},       // one pixel short of the left edge
-        {640, 480, 800, 0, 100, 100, -160, -120},  // narrower than the camera: the clamp comes last
-        // An odd width leaves a one-pixel dead zone between the two margins.
-        {3000, 600, 801, 599, 1000, 300, 599, 0},
-        {3000, 600, 801, 599, 998, 300, 598, 0},
-    };
-    for (const Case& c : cases) {
+    // The level's size, the camera's width and x before, the point, the camera's corner after. An odd
+    // width leaves a one-pixel dead zone between the two margins (the last two); a level narrower
+    // than the camera is clamped last (the sixth).
+    const std::tuple<int, int, int, int, int, int, int, int> cases[] = {
+        {2000, 600, 800, 0, 100, 300, 0, 0},      {2000, 600, 800, 0, 1900, 300, 1200, 0},
+        {2000, 600, 800, 900, 1000, 300, 600, 0}, {2000, 2000, 800, 0, 1000, 1500, 600, 1200},
+        {2000, 600, 800, 0, 399, 300, 0, 0},      {640, 480, 800, 0, 100, 100, -160, -120},
+        {3000, 600, 801, 599, 1000, 300, 599, 0}, {3000, 600, 801, 599, 998, 300, 598, 0}};
+    for (auto [levelWidth, levelHeight, clientWidth, startX, pointX, pointY, clientX, clientY] : cases) {
         MapSystem map;
-        map.initialize(c.levelWidth, c.levelHeight);
-        map.setClientWidth(c.clientWidth);
+        map.initialize(levelWidth, levelHeight);
+        map.setClientWidth(clientWidth);
         map.setClientHeight(600);
-        map.setClientX(c.startX);
-        map.moveClientTo(c.pointX, c.pointY);
-        EXPECT_EQ(map.getClientX(), c.clientX) << "point " << c.pointX << " in a level " << c.levelWidth;
-        EXPECT_EQ(map.getClientY(), c.clientY) << "point " << c.pointY << " in a level " << c.levelHeight;
+        map.setClientX(startX);
+        map.moveClientTo(pointX, pointY);
+        EXPECT_EQ(std::make_pair(map.getClientX(), map.getClientY()), std::make_pair(clientX, clientY))
+            << pointX << ", " << pointY << " in a level " << levelWidth << " x " << levelHeight;
     }
 }
 
@@ -58,8 +53,8 @@ TEST(MapSystem, PointsOnTheCamerasBorderAreOutsideItAndAFollowedObjectIsTrackedB
     for (auto [x, y, inside] : cases) {
         EXPECT_EQ(map.inClient(x, y), inside) << x << ", " << y;
     }
-    map.moveClient();
-    EXPECT_EQ(map.getClientX(), 100) << "nothing to follow";
+    map.moveClient();  // nothing to follow
+    EXPECT_EQ(map.getClientX(), 100);
     Probe followed(1000, 300, 200, 100);
     map.setFollowObject(&followed);
     map.moveClient();
@@ -97,11 +92,9 @@ TEST_F(MapLoading, PiecesBecomeVisibleObjectsAndRecordsOfOtherKindsAreSkippedInF
         {{100, 140, 460, 500}, 3, true}, {{300, 396, 456, 500}, 2, false}, {{600, 640, 280, 520}, 1, true}};
     ASSERT_EQ(objects().getObjectCount(), 3);
     for (int i = 0; i < 3; ++i) {
-        auto [rectangle, layer, solid] = expected[i];
         Object* o = objects().getObjects()[i];
-        EXPECT_EQ(*o->getRectangle(), rectangle) << i;
-        EXPECT_EQ(static_cast<int>(o->getLayer()), layer) << i;
-        EXPECT_EQ(o->isCollidable(), solid) << i;
+        EXPECT_EQ(std::make_tuple(*o->getRectangle(), static_cast<int>(o->getLayer()), o->isCollidable()),
+                  expected[i]);
     }
     EXPECT_EQ(blocks().getColumns(), 7u);
     EXPECT_EQ(blocks().getObjectByPosition(110, 470), objects().getObjects()[0]);
@@ -128,26 +121,24 @@ TEST_F(MapLoading, OnlyAnUnopenableFileOrALevelTooLargeForMemoryIsRefusedAndTheL
 }
 
 TEST_F(MapLoading, OddHeadersAreLoadedAsWrittenWithUnreadFieldsLeftAtZero) {
-    struct Case {
-        const char* text;
-        int width, height, red, green, blue, pieces;
-    } cases[] = {
+    // The header, the level's size, background colour and piece count; a word reads as 0, and 100000
+    // pieces are the most.
+    const std::tuple<const char*, int, int, int, int, int, int> cases[] = {
         {"", 0, 0, 0, 0, 0, 0},
-        {"1 800 wide 1 2 3 1 crate.bmp 0 0 10 10 0 0 0 0", 800, 0, 0, 0, 0, 0},  // a word reads as 0
+        {"1 800 wide 1 2 3 1 crate.bmp 0 0 10 10 0 0 0 0", 800, 0, 0, 0, 0, 0},
         {"1 0 600 1 2 3 0", 0, 600, 1, 2, 3, 0},
         {"1 -50 -1 1 2 3 1 crate.bmp 0 0 10 10 0 0 0 0", -50, -1, 1, 2, 3, 1},
         {"1 -40000 -40000 1 2 3 0", -40000, -40000, 1, 2, 3, 0},
         {"1 800 600 1 2 3 -1 crate.bmp 0 0 10 10 0 0 0 0", 800, 600, 1, 2, 3, 0},
         {"1 800 600 -1 256 3 0", 800, 600, -1, 256, 3, 0},
-        {"1 800 600 1 2 3 100000 crate.bmp 0 1 10 10 0 0 0 0", 800, 600, 1, 2, 3, 100000},  // the most
-    };
-    for (const Case& c : cases) {
+        {"1 800 600 1 2 3 100000 crate.bmp 0 1 10 10 0 0 0 0", 800, 600, 1, 2, 3, 100000}};
+    for (auto [text, width, height, red, green, blue, pieces] : cases) {
         load("start.map", kSmallLevel);
-        EXPECT_EQ(load("odd.map", c.text), "") << c.text;
-        EXPECT_EQ(map().getWidth(), c.width) << c.text;
-        EXPECT_EQ(map().getHeight(), c.height) << c.text;
-        EXPECT_EQ(map().getBackgroundColor(), makecol(c.red, c.green, c.blue)) << c.text;
-        EXPECT_EQ(objects().getObjectCount(), c.pieces) << c.text;
+        EXPECT_EQ(load("odd.map", text), "") << text;
+        EXPECT_EQ(std::make_tuple(map().getWidth(), map().getHeight(), map().getBackgroundColor(),
+                                  objects().getObjectCount()),
+                  std::make_tuple(width, height, makecol(red, green, blue), pieces))
+            << text;
         runFrames(2);
     }
 }
@@ -164,8 +155,8 @@ TEST_F(MapLoading, MissingRecordsRepeatTheLastOneWithTheFieldsItCouldNotRead) {
         {"4 crate.bmp 0 0 10 10 0 0 0 0 tree.bmp 0 2 30 10", {{10, 10}}},  // a skipped kind stays skipped
         // Beyond an int reads as the largest int and ends reading; far away is as far as pieces go.
         {"2 crate.bmp 0 0 20000000000 10 0 0 0 0 rock.bmp 0 0 60 20 0 0 0 0", {{far, 0}, {far, 0}}},
-        {"1 crate.bmp 0 0 -2000000000 2000000000 0 0 0 0", {{-far, far}}},
-    };  // the piece count and records after the header, the places of the pieces built
+        {"1 crate.bmp 0 0 -2000000000 2000000000 0 0 0 0",
+         {{-far, far}}}};  // the piece count and records after the header, the places of the pieces built
     for (auto [records, places] : cases) {
         load("start.map", kSmallLevel);
         const std::string text = std::string("1 1000 600 0 0 0 ") + records;
@@ -185,10 +176,10 @@ TEST_F(MapLoading, PiecesNamingOnePictureShareOneBitmapForTheLifeOfTheLevel) {
          "crate.bmp 0 1 90 10 0 0 0 0");
     const std::vector<Object*> pieces = objects().getObjects();
     ASSERT_EQ(pieces.size(), 3u);
-    EXPECT_EQ(pieces[0]->getImage(), pieces[2]->getImage());
-    EXPECT_NE(pieces[0]->getImage(), pieces[1]->getImage());
-    EXPECT_EQ(pieces[2]->getWidth(), 40);
-    EXPECT_EQ(game->getPictureCache().getCount(), 2);
+    EXPECT_EQ(std::make_tuple(pieces[0]->getImage() == pieces[2]->getImage(),
+                              pieces[0]->getImage() == pieces[1]->getImage(), pieces[2]->getWidth(),
+                              game->getPictureCache().getCount()),
+              std::make_tuple(true, false, 40, 2));
     runFrames(1);
     load("start.map", kSmallLevel);
     EXPECT_EQ(game->getPictureCache().getCount(), 2) << "the old level's pictures went with it";
@@ -203,8 +194,7 @@ TEST_F(MapLoading, MissingPictureLeavesPiecesWithoutImageAndSizeAndIsReportedOnc
         EXPECT_EQ(load("missing_picture.map", ("0 100 100 0 0 0 2\n" + name + " 0 0 0 0 0 0 0 0\n").c_str()),
                   "Failed to load bitmap image/object/" + shown);
         ASSERT_EQ(objects().getObjectCount(), 2);
-        EXPECT_EQ(objects().getObjects()[1]->getImage(), nullptr);
-        EXPECT_EQ(objects().getObjects()[1]->getWidth(), 0);
+        EXPECT_TRUE(!objects().getObjects()[1]->getImage() && objects().getObjects()[1]->getWidth() == 0);
     }
     // A header claiming 30000 x 30000 pixels makes Allegro ask for more memory than there is.
     std::string header("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x30\x75\0\0\x30\x75\0\0\x01\0\x18\0", 30);

@@ -1,5 +1,4 @@
-// The game's host functions, each through a script run against a headless game: what they
-// change, what they give back, what they print, and which of them hold the game lock.
+// The game's host functions, each through a script run against a headless game.
 
 #include "scripting/HostFunctions.h"
 
@@ -128,17 +127,13 @@ TEST_F(HostFunctions, OrdersReachThePlayer) {
     const Grevan::PlayerAction& action = me->getAction();
     EXPECT_EQ(std::make_tuple(me->getEquipment(), me->getAimX(), me->getAimY(), me->getHealth()),
               std::make_tuple(3, 400, 120, 40));
-    EXPECT_TRUE(me->isPlayerActionOn());
-    EXPECT_EQ(std::make_tuple(action.type, action.x, action.y),
-              std::make_tuple(Grevan::ACTION_MOVE_TO, 160, 77));
-
+    EXPECT_EQ(std::make_tuple(me->isPlayerActionOn(), action.type, action.x, action.y),
+              std::make_tuple(true, Grevan::ACTION_MOVE_TO, 160, 77));
     const int loaded = pistol->getBulletCurrent();
     me->moveRight(true);
     run("switchWeapon(Me, 1)\nplayerDoFire(Me, 400, 300)\nplayerDoStop(Me)");
-    EXPECT_EQ(pistol->getBulletCurrent(), loaded - 1);
-    EXPECT_FALSE(me->isPlayerActionOn());
-    EXPECT_FALSE(me->isMovingRight());
-
+    EXPECT_EQ(std::make_tuple(pistol->getBulletCurrent(), me->isPlayerActionOn(), me->isMovingRight()),
+              std::make_tuple(loaded - 1, false, false));
     run("die(Me)");
     EXPECT_EQ(me->getState(), Grevan::PLAYER_DEAD);
 }
@@ -146,7 +141,6 @@ TEST_F(HostFunctions, OrdersReachThePlayer) {
 TEST_F(HostFunctions, ArgumentsAreReadAtFixedDepthsFromTheTop) {
     run("setPlayerHealth(999, Me, 40)");
     EXPECT_EQ(me->getHealth(), 40);
-
     std::vector<VeskVariable> stack(2);
     stack[0].setInteger(7);
     stack[1].setString("last");
@@ -212,31 +206,22 @@ INSTANTIATE_TEST_SUITE_P(Waits, WaitingHostFunction,
 // The functions that touch the world wait for the game lock; those that only wait, print or
 // flag do not need it, and no function holds it while it waits.
 TEST_F(HostFunctions, OnlyFunctionsThatTouchTheWorldTakeTheGameLock) {
-    // Each call, and whether it takes the lock.
-    const std::pair<const char*, bool> cases[] = {
-        {"print(\"x\")", false},
-        {"isNull(1)", false},
-        {"system(\"true\")", false},
-        {"delay(1)", false},
-        {"lockControl(0)", false},
-        {"playerX(Me)", true},
-        {"setPlayerHealth(Me, 9)", true},
-        {"showObject(Me)", true},
-        {"addHiddenPresent(1, 2, 3, 4)", true},
-        {"loadMap(\"no/such.map\")", true},
-        {"playerDoStop(Me)", true},
-        {"waitForPlayerAction(Me)", true},
-    };
-    for (const auto& [text, locked] : cases) {
-        // A call that needs the lock waits 300 ms in vain; one that does not may still need seconds
-        // to start its thread (and, for system, a shell) on a busy machine.
-        const auto patience = locked ? std::chrono::milliseconds(300) : std::chrono::milliseconds(10000);
-        Grevan::lockGame();
-        std::future<std::string> call = runAside(text);
-        const bool finished = call.wait_for(patience) == std::future_status::ready;
-        Grevan::unlockGame();
-        call.get();
-        EXPECT_EQ(finished, !locked) << text;
+    const std::vector<const char*> calls[] = {
+        {"print(\"x\")", "isNull(1)", "system(\"true\")", "delay(1)", "lockControl(0)"},
+        {"playerX(Me)", "setPlayerHealth(Me, 9)", "showObject(Me)", "addHiddenPresent(1, 2, 3, 4)",
+         "loadMap(\"no/such.map\")", "playerDoStop(Me)", "waitForPlayerAction(Me)"}};  // lock-free, locking
+    for (bool locked : {false, true}) {
+        for (const char* text : calls[locked]) {
+            // A call that needs the lock waits 300 ms in vain; one that does not may still need
+            // seconds to start its thread (and, for system, a shell) on a busy machine.
+            Grevan::lockGame();
+            std::future<std::string> call = runAside(text);
+            const bool finished =
+                call.wait_for(std::chrono::milliseconds(locked ? 300 : 10000)) == std::future_status::ready;
+            Grevan::unlockGame();
+            call.get();
+            EXPECT_EQ(finished, !locked) << text;
+        }
     }
     std::future<std::string> waiting = runAside("delay(1000)");
     std::this_thread::sleep_for(std::chrono::milliseconds(100));

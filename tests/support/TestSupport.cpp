@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 
 namespace GrevanTest {
 
@@ -14,16 +13,6 @@ Grevan::RealBody* makeBody(int x, int y, int width, int height) {
     body->setWidth(width);
     body->setHeight(height);
     return body;
-}
-
-std::vector<int> upcomingRandoms(unsigned seed, int count) {
-    srand(seed);
-    std::vector<int> values;
-    for (int i = 0; i < count; i++) {
-        values.push_back(rand());
-    }
-    srand(seed);
-    return values;
 }
 
 testing::AssertionResult isNear(const Vector& v, const Vector& expected) {
@@ -57,12 +46,12 @@ int pixelsOf(BITMAP* b, int colour, int left, int top, int right, int bottom) {
     return count;
 }
 
-int atAlpha200Over(int background, int colour) {
+int blendedOver(int background, int colour, int alpha) {
     BITMAP* under = create_bitmap(1, 1);
     BITMAP* over = create_bitmap(1, 1);
     clear_to_color(under, background);
     clear_to_color(over, colour);
-    set_trans_blender(0, 0, 0, 200);
+    set_trans_blender(0, 0, 0, alpha);
     draw_trans_sprite(under, over, 0, 0);
     int result = getpixel(under, 0, 0);
     destroy_bitmap(over);
@@ -87,12 +76,6 @@ std::string takeEvent(Grevan::ScriptSystem& scripts) {
     }
     return e->name + " " + e->text + " " + std::to_string(e->arg1) + " " + std::to_string(e->arg2) + " " +
            std::to_string(e->arg3);
-}
-
-std::string buildOutputPath(const std::string& name) {
-    const std::filesystem::path folder = std::filesystem::path(GREVAN_BINARY_DIR) / "test-output";
-    std::filesystem::create_directories(folder);
-    return (folder / name).string();
 }
 
 }  // namespace GrevanTest

@@ -18,10 +18,6 @@ namespace GrevanTest {
 // A rigid body of the given rectangle, without a picture.
 Grevan::RealBody* makeBody(int x, int y, int width, int height);
 
-// The next `count` values of rand() after srand(seed), which is then called again, so that the
-// code under test draws the same values.
-std::vector<int> upcomingRandoms(unsigned seed, int count);
-
 // Whether both components of the vector are within 1e-4 of the expected ones.
 testing::AssertionResult isNear(const Vector& v, const Vector& expected);
 
@@ -52,16 +48,13 @@ std::string printedBy(Body body) {
 
 // Pixels of the colour within the rectangle (edges inclusive, clipped to the bitmap).
 int pixelsOf(BITMAP* b, int colour, int left = 0, int top = 0, int right = INT_MAX, int bottom = INT_MAX);
-// What a pixel of the colour becomes when drawn at alpha 200 over the background colour, as
-// the half-transparent overlays of the game are drawn.
-int atAlpha200Over(int background, int colour);
+// What a pixel of the colour becomes when drawn at the alpha over the background colour, as the
+// half-transparent overlays of the game are drawn.
+int blendedOver(int background, int colour, int alpha = 200);
 // Pixels at which two bitmaps of one size differ.
 int differingPixels(BITMAP* a, BITMAP* b);
 
 // Takes the oldest queued script event and tells it as "name text arg1 arg2 arg3", or "none".
 std::string takeEvent(Grevan::ScriptSystem& scripts);
-
-// A path under the build folder, for files a person may want to look at.
-std::string buildOutputPath(const std::string& name);
 
 }  // namespace GrevanTest

@@ -38,18 +38,17 @@ TEST_F(MapView, LevelShowsBackgroundPiecesAndOnlyTheSolidPiecesOutlinesAndAScree
     BitmapPtr outlined = preview.renderLevel(true);
     ASSERT_EQ(std::make_pair(plain->w, plain->h), std::make_pair(60, 40));
     const int outline = MapPreview::outlineColour();
-    const std::tuple<int, int, int, int> cases[] = {
-        // x, y, the colour in the level without outlines, the colour with outlines
-        {0, 0, background, background},
-        {19, 10, background, background},  // left of the solid piece
-        {20, 10, edge, outline},
-        {29, 17, fill, outline},  // its corners
-        {25, 14, fill, fill},
-        {30, 14, background, background},  // inside, and right of it
-        {40, 30, edge, edge},
-        {45, 35, fill, fill},  // the decoration: no outline
-        {59, 39, background, background},
-    };
+    // x, y, the colour in the level without outlines, the colour with outlines: left of the solid
+    // piece, its corners, inside and right of it, the decoration (no outline).
+    const std::tuple<int, int, int, int> cases[] = {{0, 0, background, background},
+                                                    {19, 10, background, background},
+                                                    {20, 10, edge, outline},
+                                                    {29, 17, fill, outline},
+                                                    {25, 14, fill, fill},
+                                                    {30, 14, background, background},
+                                                    {40, 30, edge, edge},
+                                                    {45, 35, fill, fill},
+                                                    {59, 39, background, background}};
     for (auto [x, y, level, withOutlines] : cases) {
         EXPECT_EQ(getpixel(plain.get(), x, y), level) << x << ", " << y;
         EXPECT_EQ(getpixel(outlined.get(), x, y), withOutlines) << x << ", " << y;

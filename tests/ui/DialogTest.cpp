@@ -5,6 +5,7 @@
 #include <atomic>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "support/HeadlessGame.h"
@@ -29,39 +30,31 @@ class SpeechBubble : public HeadlessGame {
 };
 
 TEST_F(SpeechBubble, LinesAndSizesFollowTheLineFeedsAndTheWidestLine) {
-    const int lineHeight = text_height(font) + 8;
-    struct Case {
-        std::string text;
-        std::vector<std::string> lines;
-        int width;
-    } cases[] = {
-        {"Hello", {"Hello"}, 36 + text_length(font, "Hello")},
-        {"Hi\nthere!", {"Hi", "there!"}, 36 + text_length(font, "there!")},
-        // A line feed right after another one starts the next line instead of ending one.
-        {"a\n\nb", {"a", "\nb"}, 36 + text_length(font, "\nb")},
-        {"\nb", {"", "b"}, 36 + text_length(font, "b")},
-        {"", {""}, 36},
-        {"ab\n", {"ab"}, 36 + text_length(font, "ab")},
-    };
-    for (const Case& c : cases) {
-        bubble.setPosition(100, 300).setText(c.text);
-        EXPECT_EQ(bubble.getLines(), c.lines) << c.text;
-        EXPECT_EQ(bubble.getWidth(), c.width) << c.text;
-        EXPECT_EQ(bubble.getHeight(), static_cast<int>(c.lines.size()) * lineHeight + 28) << c.text;
+    using Lines = std::vector<std::string>;
+    // A line feed right after another one starts the next line instead of ending one.
+    const std::tuple<std::string, Lines, std::string> cases[] = {
+        {"Hello", {"Hello"}, "Hello"},
+        {"Hi\nthere!", {"Hi", "there!"}, "there!"},
+        {"a\n\nb", {"a", "\nb"}, "\nb"},
+        {"\nb", {"", "b"}, "b"},
+        {"", {""}, ""},
+        {"ab\n", {"ab"}, "ab"}};  // the text, its lines, the widest
+    for (const auto& [text, lines, widest] : cases) {
+        bubble.setPosition(100, 300).setText(text);
+        EXPECT_EQ(bubble.getLines(), lines) << text;
+        EXPECT_EQ(bubble.getWidth(), 36 + text_length(font, widest.c_str())) << text;
+        EXPECT_EQ(bubble.getHeight(), static_cast<int>(lines.size()) * (text_height(font) + 8) + 28) << text;
     }
 }
 
 TEST_F(SpeechBubble, StandsOnThePointAndOpensToTheLeftWhenItWouldLeaveTheViewOnTheRight) {
-    struct Case {
-        int cameraX;
-        int pointX;
-        bool opensLeft;
-    } cases[] = {{200, 900, false}, {200, 990, true}, {0, 800 - 76, false}, {0, 800 - 75, true}};
-    for (const Case& c : cases) {
-        map().setClientX(c.cameraX);
-        bubble.setPosition(c.pointX, 300).setText("Hello");  // 76 pixels wide
+    const std::tuple<int, int, bool> cases[] = {
+        {200, 900, false}, {200, 990, true}, {0, 800 - 76, false}, {0, 800 - 75, true}};
+    for (auto [cameraX, pointX, opensLeft] : cases) {
+        map().setClientX(cameraX);
+        bubble.setPosition(pointX, 300).setText("Hello");  // 76 pixels wide
         ASSERT_EQ(bubble.getWidth(), 76);
-        EXPECT_EQ(bubble.getX(), c.opensLeft ? c.pointX - 76 : c.pointX) << c.pointX << " from " << c.cameraX;
+        EXPECT_EQ(bubble.getX(), opensLeft ? pointX - 76 : pointX) << pointX << " from " << cameraX;
         EXPECT_EQ(bubble.getY(), 300 - bubble.getHeight());
     }
     // Every setText lifts the bubble by its height again.
@@ -71,8 +64,8 @@ TEST_F(SpeechBubble, StandsOnThePointAndOpensToTheLeftWhenItWouldLeaveTheViewOnT
 
 TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
     const int green = makecol(0, 250, 0);
-    const int blended = GrevanTest::atAlpha200Over(green, makecol(0, 0, 0));
-    const int white = GrevanTest::atAlpha200Over(green, makecol(255, 255, 255));
+    const int blended = GrevanTest::blendedOver(green, makecol(0, 0, 0));
+    const int white = GrevanTest::blendedOver(green, makecol(255, 255, 255));
     for (bool opensLeft : {false, true}) {
         int pointX = opensLeft ? 790 : 100;
         bubble.setPosition(pointX, 300).setText("Hello").setColor(makecol(255, 0, 0)).show();

@@ -4,6 +4,8 @@
 
 #include <unistd.h>
 
+#include <tuple>
+
 #include "actors/Pistol.h"
 #include "support/CombatScene.h"
 #include "support/GuiFolder.h"
@@ -14,7 +16,7 @@ namespace {
 
 const int kWhite = 0xffffff;
 
-// The status bar of a level with `me` as the main player, drawn onto a black screen.
+// The status bar of a level with `me` as the main player.
 class StatusBar : public CombatScene {
   protected:
     void SetUp() override {
@@ -24,12 +26,10 @@ class StatusBar : public CombatScene {
         bar.show();
     }
 
-    void drawOnBlack() {
+    // Draws the bar onto a black screen; gives the pixels of the picture's colour on one row.
+    int drawnOnRow(const char* picture, int y) {
         clear_to_color(buffer, 0);
         bar.draw(buffer);
-    }
-    // Pixels of the picture's colour on one row from x 0 to 799.
-    int onRow(const char* picture, int y) {
         return GrevanTest::pixelsOf(buffer, GuiFolder::colourOf(picture), 0, y, 799, y);
     }
 
@@ -38,69 +38,54 @@ class StatusBar : public CombatScene {
 };
 
 TEST_F(StatusBar, BarsAreTheArmourPictureWidthTimesTheValueDividedBy100) {
-    struct Case {
-        int health;
-        int armour;
-        int healthPixels;
-        int armourPixels;
-    } cases[] = {{50, 0, 100, 0}, {0, 100, 0, 200}, {1, 99, 2, 198}, {100, 25, 200, 50}, {150, 0, 200, 0}};
-    for (const Case& c : cases) {
-        me->setHealth(c.health);
-        me->setDefend(c.armour);
-        drawOnBlack();
-        int healthRow = InfoBar::kHealthBarY + GuiFolder::kBarHeight / 2;
-        EXPECT_EQ(onRow("blood", healthRow), c.healthPixels) << "health " << c.health;
-        EXPECT_EQ(onRow("defend", InfoBar::kArmourBarY + GuiFolder::kBarHeight / 2), c.armourPixels)
-            << "armour " << c.armour;
-        if (c.healthPixels > 0) {
-            EXPECT_EQ(getpixel(buffer, InfoBar::kBarX, healthRow), GuiFolder::colourOf("blood"));
-        }
+    const int healthRow = InfoBar::kHealthBarY + GuiFolder::kBarHeight / 2;
+    const std::tuple<int, int, int, int> cases[] = {
+        {50, 0, 100, 0}, {0, 100, 0, 200}, {1, 99, 2, 198}, {100, 25, 200, 50}, {150, 0, 200, 0}};
+    for (auto [health, armour, healthPixels, armourPixels] : cases) {
+        me->setHealth(health);
+        me->setDefend(armour);
+        EXPECT_EQ(drawnOnRow("defend", InfoBar::kArmourBarY + 1), armourPixels) << armour;
+        EXPECT_EQ(drawnOnRow("blood", healthRow), healthPixels) << health;
     }
+    EXPECT_EQ(getpixel(buffer, InfoBar::kBarX, healthRow), GuiFolder::colourOf("blood"));
     // The background is drawn at alpha 200 over what lies beneath: a darker grey than its own.
     EXPECT_EQ(getpixel(buffer, 5, 5), makecol(70, 70, 70));
 }
 
-TEST_F(StatusBar, AFullMagazineIsARowOfCartridgesEightPixelsApartAndTheReserveIsWritten) {
-    auto* pistol = arm<Grevan::Pistol>(me, 40, 1);
-    while (pistol->getBulletCurrent() > 12) {
-        pistol->reduceBullet();
-    }
-    drawOnBlack();
-    int row = InfoBar::kCartridgeY + 1;
-    EXPECT_EQ(onRow("bullet", row), 12 * GuiFolder::kBulletWidth);
-    for (int i = 0; i < 12; i++) {
-        EXPECT_EQ(getpixel(buffer, 392 + 8 * i, row), GuiFolder::colourOf("bullet")) << "cartridge " << i;
-    }
-    // The reserve, 40, in white at (392, 30); and the pistol's icon.
-    EXPECT_GT(GrevanTest::pixelsOf(buffer, kWhite, 392, 30, 407, 37), 0);
-    EXPECT_EQ(getpixel(buffer, InfoBar::kIconX, InfoBar::kIconY), GuiFolder::colourOf("pistol"));
-}
-
-TEST_F(StatusBar, WithoutAWeaponNoCartridgesNoNumberAndTheIconOnlyForASelectedSlot) {
+// Without a weapon in hand: no cartridges, no number, and an icon only for a selected slot; with
+// the pistol, a full magazine is a row of cartridges 8 pixels apart and the reserve is written.
+TEST_F(StatusBar, CartridgesAndTheReserveShowOnlyForAWeaponInHandAndTheIconForASelectedSlot) {
     const std::pair<int, const char*> cases[] = {
         {0, nullptr}, {1, "pistol"}, {2, "gun"}, {3, "grenade"}, {4, nullptr}};
     for (auto [equipment, icon] : cases) {
         me->setEquipment(equipment);
-        drawOnBlack();
+        EXPECT_EQ(drawnOnRow("bullet", InfoBar::kCartridgeY + 1), 0);
         EXPECT_EQ(getpixel(buffer, InfoBar::kIconX, InfoBar::kIconY), icon ? GuiFolder::colourOf(icon) : 0)
             << "equipment " << equipment;
-        EXPECT_EQ(GrevanTest::pixelsOf(buffer, GuiFolder::colourOf("bullet")), 0);
         EXPECT_EQ(GrevanTest::pixelsOf(buffer, kWhite, 380, 20, 799, 99), 0);
     }
+    auto* pistol = arm<Grevan::Pistol>(me, 40, 1);
+    while (pistol->getBulletCurrent() > 12) {
+        pistol->reduceBullet();
+    }
+    EXPECT_EQ(drawnOnRow("bullet", InfoBar::kCartridgeY + 1), 12 * GuiFolder::kBulletWidth);
+    for (int i = 0; i < 12; i++) {
+        EXPECT_EQ(getpixel(buffer, 392 + 8 * i, InfoBar::kCartridgeY + 1), GuiFolder::colourOf("bullet"))
+            << i;
+    }
+    EXPECT_GT(GrevanTest::pixelsOf(buffer, kWhite, 392, 30, 407, 37), 0) << "the reserve, 40, at (392, 30)";
 }
 
 TEST_F(StatusBar, WithoutAMainPlayerTheStoredFiguresStayAndAHiddenBarDrawsNothing) {
     me->setHealth(50);
-    drawOnBlack();
+    drawnOnRow("blood", 0);
     game->setMainPlayer(nullptr);
     me->setHealth(100);
-    drawOnBlack();
-    EXPECT_EQ(onRow("blood", InfoBar::kHealthBarY), 100);
+    EXPECT_EQ(drawnOnRow("blood", InfoBar::kHealthBarY), 100);
     bar.setBlood(10);
-    drawOnBlack();
-    EXPECT_EQ(onRow("blood", InfoBar::kHealthBarY), 20);
+    EXPECT_EQ(drawnOnRow("blood", InfoBar::kHealthBarY), 20);
     bar.hide();
-    drawOnBlack();
+    drawnOnRow("blood", 0);
     EXPECT_EQ(GrevanTest::pixelsOf(buffer, 0), 800 * 600);
 }
 
@@ -129,8 +114,7 @@ TEST_F(StatusBarDeathTest, AnyMissingPictureEndsTheProcessWithStatus1AndTheMessa
     for (const char* missing : {"back", "defend", "blood", "gun", "pistol", "grenade", "bullet"}) {
         GuiFolder gui(missing);
         auto initialize = [] {
-            // Headless, the message goes to standard output; the check reads standard error.
-            dup2(2, 1);
+            dup2(2, 1);  // headless, the message goes to standard output; the check reads standard error
             InfoBar().initialize();
         };
         EXPECT_EXIT(gui.runInside(initialize), testing::ExitedWithCode(1), "Missing gui picture files\\.")

@@ -33,24 +33,18 @@ TEST_F(BlockSystemTest, TwoSpareRowsAndColumnsAndAnObjectIsEnteredInTheCellsOfIt
     blocks().initialize(1000, 600);
     EXPECT_EQ(blocks().getColumns(), 7u);
     EXPECT_EQ(blocks().getRows(), 5u);
-    struct Case {
-        int x, y, width, height;
-        Cells cells;
-    } cases[] = {
-        {-150, 10, 50, 10, {{0, 0}}},  // -199 to -1 divide to column 0
-        {-250, 10, 150, 10, {}},       // a start of -200 or less walks nothing
-        {10, -200, 10, 10, {{0, 0}}},  // the pixel position of -200 is -199 (half added, truncated)
-        {10, -201, 10, 10, {}},
-        {195, 0, 10, 10, {{0, 0}, {0, 1}}},
-        {1195, 590, 10, 20, {{2, 5}, {2, 6}, {3, 5}, {3, 6}}},  // spare row and column
-        {1390, 10, 20, 10, {{0, 6}}},                           // the walk stops at the last column
-        {10, 1000, 10, 10, {}},
-    };
-    for (const Case& c : cases) {
-        Object* o = added(c.x, c.y, c.width, c.height);
-        EXPECT_EQ(cellsHolding(o), c.cells) << "object at " << c.x << ", " << c.y;
+    // -199 to -1 divide to column 0, a start of -200 or less walks nothing; the pixel position of
+    // -200 is -199 (half added, truncated); the spare row and column; the walk stops at the last column.
+    const std::tuple<int, int, int, int, Cells> cases[] = {
+        {-150, 10, 50, 10, {{0, 0}}},       {-250, 10, 150, 10, {}},
+        {10, -200, 10, 10, {{0, 0}}},       {10, -201, 10, 10, {}},
+        {195, 0, 10, 10, {{0, 0}, {0, 1}}}, {1195, 590, 10, 20, {{2, 5}, {2, 6}, {3, 5}, {3, 6}}},
+        {1390, 10, 20, 10, {{0, 6}}},       {10, 1000, 10, 10, {}}};
+    for (const auto& [x, y, width, height, cells] : cases) {
+        Object* o = added(x, y, width, height);
+        EXPECT_EQ(cellsHolding(o), cells) << "object at " << x << ", " << y;
         blocks().removeObject(o);
-        EXPECT_TRUE(cellsHolding(o).empty()) << "object at " << c.x << ", " << c.y;
+        EXPECT_TRUE(cellsHolding(o).empty()) << "object at " << x << ", " << y;
     }
     EXPECT_TRUE(cellsHolding(added(10, 10, 20, 20, false)).empty()) << "not collidable";
 }
@@ -88,13 +82,11 @@ TEST_F(BlockSystemTest, OutlinesOnlyRemovalLeavesGapsAndNothingIsFoundBeforeALev
     blocks().addObject(box);
     const int white = makecol(255, 255, 255);
     blocks().removeObject(added(20, 5, 20, 20));
-    const std::tuple<int, int, int> cases[] = {
-        {10, 10, white}, {29, 19, white},  // the corners
-        {15, 15, 0},                       // inside: only the outline is drawn
-        {30, 10, 0},     {10, 20, 0},      // one past right and bottom
-        {20, 10, 0},     {20, 19, 0},      // where the removed outline crossed
-        {25, 19, white},
-    };
+    // The corners; inside, where only the outline is drawn; one past right and bottom; where the
+    // removed outline crossed.
+    const std::tuple<int, int, int> cases[] = {{10, 10, white}, {29, 19, white}, {25, 19, white},
+                                               {15, 15, 0},     {30, 10, 0},     {10, 20, 0},
+                                               {20, 10, 0},     {20, 19, 0}};
     for (auto [x, y, colour] : cases) {
         EXPECT_EQ(pixel(x, y), colour) << x << ", " << y;
     }
@@ -125,16 +117,15 @@ TEST_F(BlockSystemTest, LineStopsAtTheFirstOutlinePixelNotIgnored) {
     const int characterColour = makecol(200, 40, 40);
     rect(blocks().getBlockMap(), 200, 50, 239, 89, characterColour);
     // The colour ignored, the line, whether it is found and where (-7 where nothing is found and the
-    // outputs stay as they were).
+    // outputs stay as they were). Inside an outline nothing is in the way; off the map reads as -1.
     const std::tuple<int, int, int, int, int, bool, int, int> cases[] = {
         {0, 0, 125, 300, 125, true, 100, 125},
         {0, 300, 125, 0, 125, true, 149, 125},
-        {0, 110, 110, 140, 140, false, -7, -7},  // inside an outline nothing is in the way
+        {0, 110, 110, 140, 140, false, -7, -7},
         {characterColour, 200, 50, 239, 50, false, -7, -7},
         {makecol(255, 255, 255), 200, 50, 239, 50, true, 200, 50},
-        {0, 390, 10, 410, 10, true, 400, 10},  // off the map reads as -1
-        {-1, 390, 10, 410, 10, false, -7, -7},
-    };
+        {0, 390, 10, 410, 10, true, 400, 10},
+        {-1, 390, 10, 410, 10, false, -7, -7}};
     for (auto [ignored, x1, y1, x2, y2, found, x, y] : cases) {
         int hitX = -7;
         int hitY = -7;

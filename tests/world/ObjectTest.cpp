@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
 #include <vector>
 
@@ -74,9 +75,12 @@ TEST(Object, CollisionPushesOnlyTheMoverAlongTheShallowerAxis) {
     }
 }
 
-TEST(Object, IdsAreNeverReused) {
-    int gone = Object().getId();
-    EXPECT_EQ(Object().getId(), gone + 1);
+TEST(Object, IdsAreUniqueAndNeverReused) {
+    Object kept;
+    std::set<int> ids{kept.getId()};
+    for (int i = 0; i < 100; i++) {
+        EXPECT_TRUE(ids.insert(Object().getId()).second) << "made after others were deleted";
+    }
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class Ice : public Object {
     explicit Ice(float friction) { frictionConstant = friction; }
 };
 
-TEST(RealBody, AFreeBodyGainsGravityEachFrameUpToTheSpeedCap) {
+TEST(RealBody, AFreeBodyGainsGravityEachFrameUpToTheSpeedCapAndForcesAreDividedByTheMass) {
     RealBody body;
     body.setAcceleration(Vector(1.0f, -3.0f));
     body.move();
@@ -34,17 +34,23 @@ TEST(RealBody, AFreeBodyGainsGravityEachFrameUpToTheSpeedCap) {
         body.move();
         EXPECT_NEAR(body.getVelocity().y, std::min(0.12f * frame, 8.0f), 1e-4) << frame;
     }
+    RealBody heavy;
+    heavy.setMass(4);
+    heavy.addForce(Vector(2, -8));
+    heavy.addMomentum(Vector(10, 0.2f));
+    EXPECT_TRUE(isNear(heavy.getAcceleration(), {0.5f, -2.0f}));
+    EXPECT_TRUE(isNear(heavy.getVelocity(), {2.5f, 0.0f})) << "0.05 is snapped away";
 }
 
 TEST(RealBody, StandingFrictionComesFromTheBoardAndSlowsToExactlyZeroWithoutChangingSign) {
     EXPECT_EQ(RealBody().getSlidingFriction(), 0.0f) << "before the first landing";
-    // The board's friction constant, the speed, the speeds of the first frames.
-    const std::tuple<float, float, std::vector<float>> cases[] = {
-        {1.0f, 0.05f, {0.0f}},
-        {1.0f, -3.0f, {-2.88f, -2.76f, -2.64f}},
-        {0.5f, 3.0f, {2.94f, 2.88f}},
-        {1.0f, -0.11f, {0.0f}},         // less than a frame's friction: it stops, not turns
-        {1.0f, 0.15f, {0.03f, 0.0f}}};  // what friction leaves is snapped away by the next sum
+    // The board's friction constant, the speed, the speeds of the first frames. Less than a frame's
+    // friction stops rather than turns; what friction leaves is snapped away by the next sum.
+    const std::tuple<float, float, std::vector<float>> cases[] = {{1.0f, 0.05f, {0.0f}},
+                                                                  {1.0f, -3.0f, {-2.88f, -2.76f, -2.64f}},
+                                                                  {0.5f, 3.0f, {2.94f, 2.88f}},
+                                                                  {1.0f, -0.11f, {0.0f}},
+                                                                  {1.0f, 0.15f, {0.03f, 0.0f}}};
     for (const auto& [boardFriction, vx, next] : cases) {
         Ice board(boardFriction);
         RealBody body;
@@ -66,7 +72,7 @@ TEST(RealBody, LandingBouncesOnlyWhenBouncyAndStrictlyFasterThanTheLimit) {
     const std::tuple<bool, float, float> cases[] = {
         {true, 4.0f, -2.0f}, {true, 1.0f, 0.0f}, {false, 4.0f, 0.0f}};
     for (auto [bouncy, vy, vyAfter] : cases) {
-        bool lands = vyAfter == 0.0f;
+        const bool lands = vyAfter == 0.0f;
         Object floor;
         RealBody body;
         body.setBouncy(bouncy);
@@ -74,19 +80,18 @@ TEST(RealBody, LandingBouncesOnlyWhenBouncyAndStrictlyFasterThanTheLimit) {
         body.setAcceleration(Vector(0, RealBody::kGravity));
         body.handleCollision(SIDE_BOTTOM, &floor);
         EXPECT_TRUE(isNear(body.getVelocity(), {2.0f, vyAfter})) << vy;
-        EXPECT_EQ(body.getBoard(), lands ? &floor : nullptr) << vy;
-        EXPECT_EQ(body.isFree(), !lands) << vy;
         EXPECT_TRUE(isNear(body.getAcceleration(), {0, lands ? 0.0f : RealBody::kGravity})) << vy;
+        EXPECT_EQ(std::make_pair(body.getBoard(), body.isFree()),
+                  std::make_pair(lands ? &floor : nullptr, !lands));
     }
 }
 
 TEST(RealBody, HitsOnTheSidesAverageAndReverseAndHitsOnTopReverse) {
-    const std::tuple<int, Vector, Vector, Vector> cases[] = {
-        {Grevan::SIDE_RIGHT, {6, 1}, {0, 0}, {-3, 1}},
-        {Grevan::SIDE_LEFT, {2, 0}, {-4, 0}, {1, 0}},
-        {Grevan::SIDE_TOP, {1, -3}, {0, 5}, {1, 3}},
-        {7, {1, 2}, {3, 4}, {1, 2}},
-    };  // the side of the body that touched, its velocity, the other's, its velocity afterwards
+    // The side of the body that touched, its velocity, the other's, its velocity afterwards.
+    const std::tuple<int, Vector, Vector, Vector> cases[] = {{Grevan::SIDE_RIGHT, {6, 1}, {0, 0}, {-3, 1}},
+                                                             {Grevan::SIDE_LEFT, {2, 0}, {-4, 0}, {1, 0}},
+                                                             {Grevan::SIDE_TOP, {1, -3}, {0, 5}, {1, 3}},
+                                                             {7, {1, 2}, {3, 4}, {1, 2}}};
     for (auto [side, velocity, otherVelocity, after] : cases) {
         RealBody body;
         RealBody other;
@@ -97,15 +102,6 @@ TEST(RealBody, HitsOnTheSidesAverageAndReverseAndHitsOnTopReverse) {
     }
 }
 
-TEST(RealBody, ForcesAndMomentaAreDividedByTheMass) {
-    RealBody body;
-    body.setMass(4);
-    body.addForce(Vector(2, -8));
-    body.addMomentum(Vector(10, 0.2f));
-    EXPECT_TRUE(isNear(body.getAcceleration(), {0.5f, -2.0f}));
-    EXPECT_TRUE(isNear(body.getVelocity(), {2.5f, 0.0f})) << "0.05 is snapped away";
-}
-
 TEST(RealBody, ABodyIsNotPushedByItsBoardAndIsSetFreeWhenItLeavesIt) {
     Probe board(0, 100, 100, 20);
     std::unique_ptr<RealBody> body(makeBody(10, 80, 10, 30));  // ten pixels into its board
@@ -114,15 +110,11 @@ TEST(RealBody, ABodyIsNotPushedByItsBoardAndIsSetFreeWhenItLeavesIt) {
     EXPECT_EQ(body->getY(), 80);
     body->setX(150);  // walked off the edge
     EXPECT_FALSE(body->collide(&board));
-    EXPECT_EQ(body->getBoard(), nullptr);
-    EXPECT_TRUE(body->isFree());
+    EXPECT_TRUE(body->isFree() && !body->getBoard());
 }
 
 TEST(RealBody, LandingOnABodyMakesARiderAndReleaseDropsEvenThoseThatLandedElsewhere) {
-    RealBody carrier;
-    RealBody first;
-    RealBody second;
-    RealBody elsewhere;
+    RealBody carrier, first, second, elsewhere;
     first.handleCollision(SIDE_BOTTOM, &carrier);
     second.handleCollision(SIDE_BOTTOM, &carrier);
     ASSERT_EQ(carrier.getRiders(), (std::vector<RealBody*>{&first, &second}));
@@ -131,8 +123,7 @@ TEST(RealBody, LandingOnABodyMakesARiderAndReleaseDropsEvenThoseThatLandedElsewh
     carrier.releaseRoad();
     EXPECT_TRUE(carrier.getRiders().empty());
     for (RealBody* rider : {&first, &second}) {
-        EXPECT_TRUE(rider->isFree());
-        EXPECT_EQ(rider->getBoard(), nullptr);
+        EXPECT_TRUE(rider->isFree() && !rider->getBoard());
     }
 }
 
@@ -143,20 +134,17 @@ TEST(RealBodyDeletion, DeletingABoardOrARiderLeavesNoLinkToIt) {
         RealBody rider;
         rider.handleCollision(SIDE_BOTTOM, board);
         delete board;
-        EXPECT_TRUE(rider.isFree()) << boardIsBody;
-        EXPECT_EQ(rider.getBoard(), nullptr) << boardIsBody;
+        EXPECT_TRUE(rider.isFree() && !rider.getBoard()) << boardIsBody;
     }
     // A rider that left one body and landed twice on another leaves both riders lists.
-    RealBody oldBoard;
-    RealBody newBoard;
+    RealBody oldBoard, newBoard;
     RealBody* rider = new RealBody();
     rider->handleCollision(SIDE_BOTTOM, &oldBoard);
     rider->setFree(true);
     rider->handleCollision(SIDE_BOTTOM, &newBoard);
     rider->handleCollision(SIDE_BOTTOM, &newBoard);
     delete rider;
-    EXPECT_TRUE(oldBoard.getRiders().empty());
-    EXPECT_TRUE(newBoard.getRiders().empty());
+    EXPECT_TRUE(oldBoard.getRiders().empty() && newBoard.getRiders().empty());
     oldBoard.releaseRoad();  // touches no deleted rider (AddressSanitizer watches), nor does ~RealBody
 }
 
