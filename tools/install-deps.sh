@@ -10,6 +10,7 @@ packages=(
   googletest libgtest-dev libbenchmark-dev
   libpng-dev
   xvfb xauth xdotool x11-apps x11-utils imagemagick lua5.4
+  python3 libx11-6 libxtst6
 )
 
 missing=()

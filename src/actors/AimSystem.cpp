@@ -13,15 +13,20 @@ bool AimSystem::steersMouse() const {
     MapSystem& map = game->getMapSystem();
     int x = getX();
     int y = getY();
+    bool drifted = x != pointerX || y != pointerY;
     bool insideView = 0 < x && x < map.getClientWidth() && 0 < y && y < map.getClientHeight();
     Player* mainPlayer = game->getMainPlayer();
-    return insideView && mainPlayer && mainPlayer->isAlive();
+    return drifted && insideView && mainPlayer && mainPlayer->isAlive();
 }
 
 void AimSystem::move() {
-    // Without a mouse driver (a headless game) there is no pointer to move.
-    if (mouse_driver && steersMouse()) {
-        position_mouse(getX(), getY());
+    if (steersMouse()) {
+        pointerX = getX();
+        pointerY = getY();
+        // Without a mouse driver (a headless game) there is no pointer to move.
+        if (mouse_driver) {
+            position_mouse(pointerX, pointerY);
+        }
     }
     sight->move();
 }

@@ -1,5 +1,6 @@
 #include "core/EventSystem.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "actors/Player.h"
@@ -18,6 +19,9 @@ void EventSystem::handleEvents() {
         return;
     }
     // Only the newest event of a frame counts; the older ones go with the queue.
+    const bool motionDropped =
+        std::any_of(events.begin(), events.end() - 1,
+                    [](const std::unique_ptr<Event>& older) { return older->action == ACTION_MOUSE_MOVE; });
     std::unique_ptr<Event> e = std::move(events.back());
     events.clear();
     Game* game = Game::getInstance();
@@ -33,6 +37,10 @@ void EventSystem::handleEvents() {
     }
     if (Player* p = game->getPlayer(e->playerId)) {
         act(*e, p);
+        // The sight must not stay where the dropped motion left it: the mouse is still there.
+        if (motionDropped) {
+            game->getInputSystem().repeatMouse();
+        }
     }
 }
 

@@ -21,10 +21,11 @@ void InputSystem::doInput() {
     const int x = mouse_x;
     const int y = mouse_y;
     const int buttons = mouse_b;
-    if (x != lastMouseX || y != lastMouseY) {
+    if (x != lastMouseX || y != lastMouseY || mouseRepeated) {
         send(ACTION_MOUSE_MOVE, false, (x << 16) | y);
         lastMouseX = x;
         lastMouseY = y;
+        mouseRepeated = false;
     }
     follow(buttons & 1, ACTION_FIRE);
     follow(buttons & 2, ACTION_MOUSE_RIGHT);

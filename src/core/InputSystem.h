@@ -21,6 +21,9 @@ class InputSystem {
     void pressKey(EventAction a);
     // Sends a release of the action if it is down as last reported.
     void freeKey(EventAction a);
+    // Has the next doInput report the mouse position even if it has not moved: the motion last
+    // reported was dropped for a newer event of its frame, and the sight has not followed it.
+    void repeatMouse() { mouseRepeated = true; }
 
   private:
     void follow(bool down, EventAction a) { down ? pressKey(a) : freeKey(a); }
@@ -29,6 +32,7 @@ class InputSystem {
     // Not set by initialize: the first frame normally reports the mouse position as a motion.
     int lastMouseX = 0;
     int lastMouseY = 0;
+    bool mouseRepeated = false;
     // Indexed by action; kept while control is locked, so a release held across the lock is sent.
     bool keyStates[kKeyStateCount] = {};
 };

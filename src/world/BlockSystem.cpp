@@ -91,9 +91,7 @@ void BlockSystem::addObject(Object* o, int x1, int y1, int x2, int y2) {
         return;
     }
     forEachCell(x1, y1, x2, y2, [o](std::vector<Object*>& cell) { cell.push_back(o); });
-    if (blockMap) {
-        rect(blockMap, x1, y1, x2 - 1, y2 - 1, outlineColour(o));
-    }
+    outline(x1, y1, x2, y2, outlineColour(o));
 }
 
 void BlockSystem::removeObject(Object* o) {
@@ -115,8 +113,15 @@ void BlockSystem::removeObject(Object* o, int x1, int y1, int x2, int y2) {
             cell.erase(entry);
         }
     });
-    if (blockMap) {
-        rect(blockMap, x1, y1, x2 - 1, y2 - 1, makecol(0, 0, 0));
+    outline(x1, y1, x2, y2, makecol(0, 0, 0));
+}
+
+void BlockSystem::outline(int x1, int y1, int x2, int y2, int colour) {
+    // A point-sized body would otherwise leave a dot that stops lines of fire and sight in mid-air
+    // (blood flying back from a hit stopped the next shots of a burst), and taking it off would
+    // cut a gap into whatever outline it lay on.
+    if (blockMap && x2 > x1 && y2 > y1) {
+        rect(blockMap, x1, y1, x2 - 1, y2 - 1, colour);
     }
 }
 

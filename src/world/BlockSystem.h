@@ -48,6 +48,7 @@ class BlockSystem {
     void cleanup();
 
     // Enters a collidable object in the cells of its rectangle and outlines it on the block map.
+    // A rectangle without area (a drop of blood, a thrown grenade) gets no outline.
     void addObject(Object* o);
     void addObject(Object* o, int x1, int y1, int x2, int y2);
     // Takes a collidable object out of the cells of the given rectangle and erases that outline.
@@ -80,6 +81,9 @@ class BlockSystem {
     void forEachCell(int x1, int y1, int x2, int y2, Visit visit);
     // The colour an object's outline gets on the block map.
     int outlineColour(Object* o) const;
+    // Draws (or, in black, erases) the outline of the rectangle from (x1, y1) to (x2, y2), its
+    // right and bottom edges excluded; a rectangle without area has none.
+    void outline(int x1, int y1, int x2, int y2, int colour);
 
     int cellWidth = kCellSize;
     int cellHeight = kCellSize;

@@ -70,20 +70,36 @@ TEST(FrontSight, MovingFasterThanATenthDrawsARandomBrakeAndSlowerKeepsTheLastOne
 
 using AimSystemTest = CombatScene;
 
-TEST_F(AimSystemTest, TheSightSteersTheMouseOnlyStrictlyInsideTheViewWithALiveMainPlayer) {
+TEST_F(AimSystemTest, OnlyASightThatDriftedOffThePointerSteersItStrictlyInsideTheViewWithALiveMainPlayer) {
     Grevan::AimSystem& aim = game->getAimSystem();
-    const std::tuple<int, int, bool, bool, bool> cases[] = {
-        {1, 1, true, true, true},       {0, 300, true, true, false},    {800, 300, true, true, false},
-        {799, 599, true, true, true},   {400, 0, true, true, false},    {400, 600, true, true, false},
-        {400, 300, false, true, false}, {400, 300, true, false, false},
-    };  // x, y, whether I am the main player, whether I am alive, whether the sight steers the mouse
-    for (auto [x, y, main, alive, steers] : cases) {
+    const std::tuple<int, int, bool, bool, bool, bool> cases[] = {
+        {1, 1, false, true, true, true},       {0, 300, false, true, true, false},
+        {800, 300, false, true, true, false},  {799, 599, false, true, true, true},
+        {400, 0, false, true, true, false},    {400, 600, false, true, true, false},
+        {410, 300, false, false, true, false}, {410, 300, false, true, false, false},
+        {410, 300, true, true, true, false},   {399, 300, false, true, true, true},
+        {400, 300, false, true, true, false},
+    };  // x, y, whether the mouse put the sight there (rather than its drift from 400, 300), whether I
+        // am the main player, whether I am alive, whether the sight steers the mouse
+    for (auto [x, y, byMouse, main, alive, steers] : cases) {
         me->setHealth(alive ? 100 : 0);
         game->setMainPlayer(main ? me : nullptr);
-        aim.setX(x);
-        aim.setY(y);
-        EXPECT_EQ(aim.steersMouse(), steers) << x << ", " << y << " main " << main << " alive " << alive;
+        aim.setX(400);
+        aim.setY(300);
+        if (byMouse) {
+            aim.setX(x);
+            aim.setY(y);
+        } else {
+            aim.getSight().setX(x);
+            aim.getSight().setY(y);
+        }
+        EXPECT_EQ(aim.steersMouse(), steers)
+            << x << ", " << y << " by the mouse " << byMouse << " main " << main << " alive " << alive;
     }
+    // Once steered, the pointer is where the sight is.
+    aim.getSight().setX(420);
+    aim.move();
+    EXPECT_FALSE(aim.steersMouse());
 }
 
 TEST_F(AimSystemTest, TheFrameClosesTheArmsAndDrawsThemSixPixelsLongAroundAnEmptyCentre) {

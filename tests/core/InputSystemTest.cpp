@@ -103,13 +103,26 @@ TEST_F(Input, MouseMotionMovesTheSightAndTheAimAndFireActsAtTheSightWhichAHeldTr
     EXPECT_EQ(me->getFireX(), 400 + clientX) << "a released trigger stays";
 }
 
-TEST_F(Input, OnlyTheNewestEventOfAFrameActsAndOnlyWhileControlIsUnlocked) {
+TEST_F(Input, OnlyTheNewestEventOfAFrameActsWhileControlIsUnlockedAndAMotionItDroppedComesAgain) {
     send(ACTION_MOVE_LEFT, true);
     send(ACTION_MOVE_RIGHT, true);
     events().handleEvents();
     EXPECT_FALSE(me->isMovingLeft()) << "dropped";
     EXPECT_TRUE(me->isMovingRight());
     EXPECT_EQ(queued(), "");
+    // A motion dropped for a click of its frame is reported again, so the sight catches up.
+    Grevan::AimSystem& sight = game->getAimSystem();
+    mouse_x = 300;
+    input().doInput();
+    events().handleEvents();
+    mouse_x = 340;
+    mouse_b = 1;
+    input().doInput();
+    events().handleEvents();
+    EXPECT_EQ(me->getFireX() - map().getClientX(), 300) << "fired at the sight as it was";
+    input().doInput();
+    events().handleEvents();
+    EXPECT_EQ(sight.getX(), 340);
     game->lockControl();
     act(ACTION_MOVE_LEFT, true);
     EXPECT_FALSE(me->isMovingLeft()) << "dropped while locked";

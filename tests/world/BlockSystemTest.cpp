@@ -82,11 +82,14 @@ TEST_F(BlockSystemTest, OutlinesOnlyRemovalLeavesGapsAndNothingIsFoundBeforeALev
     blocks().addObject(box);
     const int white = makecol(255, 255, 255);
     blocks().removeObject(added(20, 5, 20, 20));
+    // A drop of blood has no area: it neither outlines itself nor cuts into the box's outline.
+    added(50, 50, 0, 0);
+    blocks().removeObject(added(10, 15, 0, 0));
     // The corners; inside, where only the outline is drawn; one past right and bottom; where the
-    // removed outline crossed.
-    const std::tuple<int, int, int> cases[] = {{10, 10, white}, {29, 19, white}, {25, 19, white},
-                                               {15, 15, 0},     {30, 10, 0},     {10, 20, 0},
-                                               {20, 10, 0},     {20, 19, 0}};
+    // removed outline crossed; the drops' places.
+    const std::tuple<int, int, int> cases[] = {
+        {10, 10, white}, {29, 19, white}, {25, 19, white}, {15, 15, 0}, {30, 10, 0},     {10, 20, 0},
+        {20, 10, 0},     {20, 19, 0},     {50, 50, 0},     {49, 49, 0}, {10, 15, white}, {10, 14, white}};
     for (auto [x, y, colour] : cases) {
         EXPECT_EQ(pixel(x, y), colour) << x << ", " << y;
     }
