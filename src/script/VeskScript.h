@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "script/VeskRuntimeException.h"
+#include "script/VeskStopException.h"
 #include "script/VeskSyntaxException.h"
 #include "script/VeskSyntaxNode.h"
 #include "script/VeskTables.h"
@@ -29,8 +30,9 @@ enum VeskCompletion {
 // The Vesk language engine: lexer, statement and expression parsers building one syntax tree per
 // function, and the interpreter that walks those trees over one runtime stack. Faults are thrown
 // inside as VeskSyntaxException or VeskRuntimeException and become a false result and the last
-// error at the edge (load, parse, run, addFunction). One thread at a time may use an engine; only
-// requestStop may be called from another.
+// error at the edge (load, parse, run, addFunction). A stop the host asked for is no fault: it
+// leaves run and invokeFunction as a VeskStopException. One thread at a time may use an engine;
+// only requestStop may be called from another.
 //
 // The definitions are spread by stage: VeskScriptLexer.cpp, VeskScriptParser.cpp,
 // VeskScriptStatements.cpp, VeskScriptExpression.cpp, VeskScriptInterpreter.cpp and
@@ -106,9 +108,10 @@ class VeskScript {
     bool invokeExternal(std::string name, int argumentCount);
     void remove(VeskSyntaxNode* node);
 
-    // Asks a running script to end, from any thread: its next loop pass or script function call
-    // fails with "Script stopped", which unwinds it like any runtime error. The request stays:
-    // every later run fails the same way.
+    // Asks a running script to end, from any thread: at its next loop pass or function call (a
+    // host function's included) it unwinds with VeskStopException, which leaves run and
+    // invokeFunction and sets no last error. The request stays: every later run or
+    // invokeFunction ends the same way before any function is called.
     void requestStop() {
         stopRequested.store(true, std::memory_order_relaxed);
     }
@@ -217,11 +220,12 @@ class VeskScript {
     }
     void countInstruction();
     // A relaxed load per loop pass or call: the benchmarks cannot tell it from nothing.
-    void checkStop(VeskSyntaxNode* node) {
+    void checkStop() {
         if (stopRequested.load(std::memory_order_relaxed)) {
-            throwCallFault("Script stopped", node->function ? node->function : node);
+            throwStop();
         }
     }
+    [[noreturn]] __attribute__((noinline, cold)) static void throwStop();
 
     std::deque<VeskToken> tokens;
     std::map<std::string, VeskSyntaxNode*> functions;

@@ -27,6 +27,8 @@ bool VeskScript::run(std::string name) {
 }
 
 VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
+    // Before the lookup: once stopped, even a name the script lacks is no error.
+    checkStop();
     VeskSyntaxNode* function = findFunction(name);
     if (!function) {
         throw VeskRuntimeException("Function not found", name, name, 0);
@@ -40,6 +42,7 @@ VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
 // pushArguments and pushValue, this is on the path of every call and is inlined into its callers.
 __attribute__((always_inline)) inline void VeskScript::invoke(VeskSyntaxNode* function, int argumentCount,
                                                               VeskVariable& result) {
+    checkStop();
     if (function->kind == NodeExternal) {
         function->hostFunction(runtimeStack, result, argumentCount);
     } else {
@@ -78,7 +81,6 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
 #endif
     }
     VeskDepthGuard depth(callDepth);
-    checkStop(function);
     const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
     if (callDepth > kMaxCallDepth || frameAddress < stackLimit ||
         runtimeStack.size() + pushed > kMaxStackValues) {
@@ -208,6 +210,10 @@ void VeskScript::throwCallFault(const char* error, VeskSyntaxNode* function) {
     throw VeskRuntimeException(error, function->text, function->text, 0);
 }
 
+void VeskScript::throwStop() {
+    throw VeskStopException();
+}
+
 // An operation standing as a statement is traced, not evaluated.
 void VeskScript::traceOperation(VeskSyntaxNode* operation) {
     std::fputs(("run eval " + operation->text + "\n").c_str(), stdout);
@@ -242,7 +248,7 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        checkStop(loop);
+        checkStop();
         if (conditionHolds(loop->expr) != repeatWhileTrue) {
             break;
         }
@@ -267,7 +273,7 @@ VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        checkStop(loop);
+        checkStop();
         const VeskVariable* counter = runtimeVariable(condition->left);
         std::int32_t limit;
         bool holds;
