@@ -248,10 +248,10 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        checkStop();
         if (conditionHolds(loop->expr) != repeatWhileTrue) {
             break;
         }
+        checkStop();
         code = interpretBlock(block);
         if (code >= CompletionLeaveLoop) {
             break;
@@ -273,7 +273,6 @@ VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        checkStop();
         const VeskVariable* counter = runtimeVariable(condition->left);
         std::int32_t limit;
         bool holds;
@@ -286,6 +285,8 @@ VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
         if (!holds) {
             break;
         }
+        // Here, not before the test: there the same check made the loops benchmark a tenth slower.
+        checkStop();
         countInstruction();
         code = CompletionNormal;
         for (std::size_t i = 0; i < bodyLength && code == CompletionNormal; ++i) {
