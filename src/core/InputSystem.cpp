@@ -8,9 +8,22 @@
 
 namespace Grevan {
 
+namespace {
+
+// Allegro calls this on its own input thread, at any time: ending the game is an atomic store,
+// and the main loop ends after the frame in hand, as for Escape.
+void endGameOnCloseButton() {
+    if (Game* game = Game::getInstance()) {
+        game->endGame();
+    }
+}
+
+}  // namespace
+
 void InputSystem::initialize() {
     install_keyboard();
     install_mouse();
+    set_close_button_callback(endGameOnCloseButton);
     for (bool& state : keyStates) {
         state = false;
     }

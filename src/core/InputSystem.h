@@ -6,14 +6,16 @@ namespace Grevan {
 
 // Keyboard and mouse. Once a frame the state of the mouse and of a fixed set of keys is
 // compared with what was last reported, and every change is sent as an event to the main
-// player: only edges travel, never "held". Escape alone is read directly by the main loop.
+// player: only edges travel, never "held". Escape alone is read directly by the main loop; the
+// window's close button ends the game as Escape does.
 class InputSystem {
   public:
     static const int kKeyStateCount = 30;
 
     InputSystem() = default;
 
-    // Installs Allegro's keyboard and mouse drivers; needs a display.
+    // Installs Allegro's keyboard and mouse drivers and the close button's handler; needs a
+    // display.
     void initialize();
     // Reads Allegro's mouse and key state; on the main thread, outside the game lock.
     void doInput();

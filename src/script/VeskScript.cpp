@@ -3,7 +3,7 @@
 #include <cctype>
 
 VeskScript::VeskScript() {
-    setLastError("No error.", "", -1);
+    setLastError("No error.", "", kNoLine);
 }
 
 VeskScript::~VeskScript() = default;
@@ -37,7 +37,7 @@ void VeskScript::toUpperString(std::string& text) {
 }
 
 void VeskScript::setLastError(const std::string& error, const std::string& detail, int line) {
-    if (line == -1) {
+    if (line == kNoLine) {
         lastError = error + " : " + detail;
     } else {
         lastError = "At line " + std::to_string(line) + " : " + error + " : " + detail;
@@ -65,7 +65,7 @@ std::vector<VeskVariable>& VeskScript::getRuntimeStack() {
 bool VeskScript::addFunction(std::string name, HostFunction hostFunction) {
     toUpperString(name);
     if (findFunction(name) || findGlobal(name)) {
-        setLastError("function redefined", name, -1);
+        setLastError("function redefined", name, kNoLine);
         return false;
     }
     VeskSyntaxNode* external = newNode(nullptr);

@@ -183,7 +183,7 @@ VeskSyntaxNode* VeskScript::buildOperation(const std::string& op, std::vector<Ve
 
 int VeskScript::getOperatorPriority(const std::string& op) {
     const VeskOperatorRow* row = findOperatorRow(op.c_str());
-    return row ? row->priority : -1;
+    return row ? row->priority : kNotAnOperator;
 }
 
 VeskSyntaxNode* VeskScript::makeOperation(VeskSyntaxNode* parent, int op, VeskSyntaxNode* left,

@@ -8,12 +8,6 @@
 
 namespace {
 
-// Completion codes of interpret: how a statement ended.
-const int kCompleted = 0;
-const int kLeaveSelect = 1;
-const int kLeaveLoop = 2;
-const int kLeaveFunction = 5;
-
 // Machine stack the interpreter may use below its outermost call: most of the 8 MiB that the main
 // thread and a thread with default attributes get, with room left for the deepest single script
 // level between two checks.
@@ -33,6 +27,8 @@ bool VeskScript::run(std::string name) {
 }
 
 VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
+    // Before the lookup: once stopped, even a name the script lacks is no error.
+    checkStop();
     VeskSyntaxNode* function = findFunction(name);
     if (!function) {
         throw VeskRuntimeException("Function not found", name, name, 0);
@@ -46,6 +42,7 @@ VeskVariable VeskScript::invokeFunction(std::string name, int argumentCount) {
 // pushArguments and pushValue, this is on the path of every call and is inlined into its callers.
 __attribute__((always_inline)) inline void VeskScript::invoke(VeskSyntaxNode* function, int argumentCount,
                                                               VeskVariable& result) {
+    checkStop();
     if (function->kind == NodeExternal) {
         function->hostFunction(runtimeStack, result, argumentCount);
     } else {
@@ -84,7 +81,6 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
 #endif
     }
     VeskDepthGuard depth(callDepth);
-    checkStop(function);
     const std::size_t pushed = static_cast<std::size_t>(function->localCount - argumentCount);
     if (callDepth > kMaxCallDepth || frameAddress < stackLimit ||
         runtimeStack.size() + pushed > kMaxStackValues) {
@@ -96,7 +92,7 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
     }
     frameBase = runtimeStack.size() - static_cast<std::size_t>(function->localCount);
     for (VeskSyntaxNode* statement : function->statements) {
-        if (interpret(statement) > 4) {
+        if (interpret(statement) == CompletionLeaveFunction) {
             break;
         }
     }
@@ -164,20 +160,20 @@ void VeskScript::callInto(VeskSyntaxNode* callNode, VeskVariable& result) {
     runtimeStack.resize(runtimeStack.size() - static_cast<std::size_t>(count));
 }
 
-int VeskScript::interpret(VeskSyntaxNode* statement) {
+VeskCompletion VeskScript::interpret(VeskSyntaxNode* statement) {
     countInstruction();
     switch (statement->kind) {
         case NodeFunction:
         case NodeVariable:
-            return kCompleted;
+            return CompletionNormal;
         case NodeAssign:
             assign(statement);
-            return kCompleted;
+            return CompletionNormal;
         case NodeIf:
             if (conditionHolds(statement->expr)) {
                 return interpretBlock(statement->body);
             }
-            return statement->elseBody ? interpretBlock(statement->elseBody) : kCompleted;
+            return statement->elseBody ? interpretBlock(statement->elseBody) : CompletionNormal;
         case NodeLoop:
             return interpretLoop(statement);
         case NodeBlock:
@@ -185,22 +181,22 @@ int VeskScript::interpret(VeskSyntaxNode* statement) {
         case NodeCall: {
             VeskVariable ignored;
             callInto(statement, ignored);
-            return kCompleted;
+            return CompletionNormal;
         }
         case NodeOperation:
             traceOperation(statement);
-            return kCompleted;
+            return CompletionNormal;
         case NodeExit:
             switch (statement->op) {
                 case TokenFunction:
-                    return kLeaveFunction;
+                    return CompletionLeaveFunction;
                 case TokenFor:
                 case TokenDo:
-                    return kLeaveLoop;
+                    return CompletionLeaveLoop;
                 case TokenSelect:
-                    return kLeaveSelect;
+                    return CompletionLeaveSelect;
                 default:
-                    return kCompleted;
+                    return CompletionNormal;
             }
         case NodeSelect:
             return interpretSelect(statement);
@@ -214,6 +210,10 @@ void VeskScript::throwCallFault(const char* error, VeskSyntaxNode* function) {
     throw VeskRuntimeException(error, function->text, function->text, 0);
 }
 
+void VeskScript::throwStop() {
+    throw VeskStopException();
+}
+
 // An operation standing as a statement is traced, not evaluated.
 void VeskScript::traceOperation(VeskSyntaxNode* operation) {
     std::fputs(("run eval " + operation->text + "\n").c_str(), stdout);
@@ -224,55 +224,55 @@ void VeskScript::throwUnknownSyntax(VeskSyntaxNode* statement) {
 }
 
 // The first statement that does not complete normally ends the block.
-int VeskScript::interpretBlock(VeskSyntaxNode* block) {
+VeskCompletion VeskScript::interpretBlock(VeskSyntaxNode* block) {
     for (VeskSyntaxNode* statement : block->statements) {
-        if (int code = interpret(statement)) {
+        VeskCompletion code = interpret(statement);
+        if (code != CompletionNormal) {
             return code;
         }
     }
-    return kCompleted;
+    return CompletionNormal;
 }
 
 // The condition is tested before every pass; a loop with `body` repeats while it holds, one with
 // `elseBody` until it holds.
-int VeskScript::interpretLoop(VeskSyntaxNode* loop) {
+VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     VeskSyntaxNode* block = loop->body ? loop->body : loop->elseBody;
     if (!block) {
-        return kCompleted;
+        return CompletionNormal;
     }
     if (loop->op == TokenFor) {
         return interpretFor(loop);
     }
     const bool repeatWhileTrue = loop->body != nullptr;
-    int code = kCompleted;
+    VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        checkStop(loop);
         if (conditionHolds(loop->expr) != repeatWhileTrue) {
             break;
         }
+        checkStop();
         code = interpretBlock(block);
-        if (code >= kLeaveLoop) {
+        if (code >= CompletionLeaveLoop) {
             break;
         }
     }
-    return code == kLeaveLoop ? kCompleted : code;
+    return code == CompletionLeaveLoop ? CompletionNormal : code;
 }
 
 // The general loop above, for the shape FOR builds: the condition compares the loop variable with
 // the limit, and the block ends with the increment. While the variable, the limit and the step are
 // integers, the test and the increment are done here directly; everything else takes the general
 // path, so the results are the same.
-int VeskScript::interpretFor(VeskSyntaxNode* loop) {
+VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
     VeskSyntaxNode* condition = loop->expr;
     std::vector<VeskSyntaxNode*>& statements = loop->body->statements;
     VeskSyntaxNode* increment = statements.back();
     VeskSyntaxNode* step = increment->expr->right;
     const std::size_t bodyLength = statements.size() - 1;
-    int code = kCompleted;
+    VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        checkStop(loop);
         const VeskVariable* counter = runtimeVariable(condition->left);
         std::int32_t limit;
         bool holds;
@@ -285,9 +285,11 @@ int VeskScript::interpretFor(VeskSyntaxNode* loop) {
         if (!holds) {
             break;
         }
+        // Here, not before the test: there the same check made the loops benchmark a tenth slower.
+        checkStop();
         countInstruction();
-        code = kCompleted;
-        for (std::size_t i = 0; i < bodyLength && code == kCompleted; ++i) {
+        code = CompletionNormal;
+        for (std::size_t i = 0; i < bodyLength && code == CompletionNormal; ++i) {
             VeskSyntaxNode* statement = statements[i];
             if (statement->kind == NodeAssign) {
                 countInstruction();
@@ -296,7 +298,7 @@ int VeskScript::interpretFor(VeskSyntaxNode* loop) {
                 code = interpret(statement);
             }
         }
-        if (code == kCompleted) {
+        if (code == CompletionNormal) {
             VeskVariable* variable = runtimeVariable(increment);
             std::int32_t by;
             if (variable->type == VeskVariable::TypeInteger && tryIntegerOperand(step, by)) {
@@ -306,18 +308,18 @@ int VeskScript::interpretFor(VeskSyntaxNode* loop) {
                 interpret(increment);
             }
         }
-        if (code >= kLeaveLoop) {
+        if (code >= CompletionLeaveLoop) {
             break;
         }
     }
-    return code == kLeaveLoop ? kCompleted : code;
+    return code == CompletionLeaveLoop ? CompletionNormal : code;
 }
 
 // The arms run in order until one returns a code; the implicit EXIT at the end of each arm's block
 // makes a matching arm the last. A selector without calls gives the same value for every comparison,
 // so it is evaluated once and compared with each arm's constants directly.
-int VeskScript::interpretSelect(VeskSyntaxNode* select) {
-    int code = kCompleted;
+VeskCompletion VeskScript::interpretSelect(VeskSyntaxNode* select) {
+    VeskCompletion code = CompletionNormal;
     if (select->expr && !select->expr->hasCall) {
         VeskVariable scratch;
         const VeskVariable& selector = evaluateOperand(select->expr, scratch, true);
@@ -329,12 +331,12 @@ int VeskScript::interpretSelect(VeskSyntaxNode* select) {
         }
     } else {
         for (VeskSyntaxNode* arm : select->statements) {
-            if ((code = interpret(arm)) != kCompleted) {
+            if ((code = interpret(arm)) != CompletionNormal) {
                 break;
             }
         }
     }
-    return code == kLeaveSelect ? kCompleted : code;
+    return code == CompletionLeaveSelect ? CompletionNormal : code;
 }
 
 // An arm's test is selector = constant, or an OR of such tests.

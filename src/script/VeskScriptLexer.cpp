@@ -79,7 +79,7 @@ bool VeskScript::readText(const std::string& fileName, std::string& text) {
 bool VeskScript::load(std::string fileName) {
     std::string text;
     if (!readText(fileName, text)) {
-        setLastError("Failed to open file.", fileName, -1);
+        setLastError("Failed to open file.", fileName, kNoLine);
         return false;
     }
     loading.push_back(fileName);

@@ -50,8 +50,8 @@ bool VeskScript::parseSyntax() {
     }
     // Every function called so far, in this file or an earlier one, must be defined by now.
     for (const auto& [name, function] : functions) {
-        if (function && function->line == -1) {
-            setLastError("Function not implemented", name, -1);
+        if (function && function->line == VeskSyntaxNode::kPlaceholderLine) {
+            setLastError("Function not implemented", name, kNoLine);
             return false;
         }
     }
@@ -159,7 +159,7 @@ void VeskScript::parseFUNCTION() {
         throw VeskSyntaxException("Syntax error", name.text, name.line);
     }
     VeskSyntaxNode* function = findFunction(name.text);
-    if (function && function->line != -1) {
+    if (function && function->line != VeskSyntaxNode::kPlaceholderLine) {
         throw VeskSyntaxException("Function redefined", name.text, name.line);
     }
     // A placeholder left by an earlier call is taken over, so that call reaches this definition.
@@ -211,7 +211,7 @@ void VeskScript::parseCALL(VeskSyntaxNode* call) {
     if (!callee) {
         callee = newNode(nullptr);
         callee->kind = NodeFunction;
-        callee->line = -1;
+        callee->line = VeskSyntaxNode::kPlaceholderLine;
         callee->text = call->text;
         callee->function = callee;
         functions[call->text] = callee;
@@ -293,7 +293,7 @@ void VeskScript::bindName(VeskSyntaxNode* node, bool create) {
 
 void VeskScript::bindVariable(VeskSyntaxNode* node, VeskVariable* variable) {
     node->variable = variable;
-    node->frameSlot = -1;
+    node->frameSlot = VeskSyntaxNode::kGlobalSlot;
     VeskSyntaxNode* function = node->function;
     if (function && variable) {
         auto local = function->locals.find(node->text);

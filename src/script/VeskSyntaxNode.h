@@ -21,6 +21,11 @@ class VeskSyntaxNode {
     VeskSyntaxNode(const VeskSyntaxNode&) = default;
     VeskSyntaxNode& operator=(const VeskSyntaxNode&) = default;
 
+    // The `line` of a function that has been called but not yet defined.
+    static const int kPlaceholderLine = -1;
+    // The `frameSlot` of a node whose `variable` is the global itself.
+    static const int kGlobalSlot = -1;
+
     bool isLeaf() const { return kind == NodeVariable || kind == NodeConstant; }
 
     int line = 0;
@@ -43,8 +48,8 @@ class VeskSyntaxNode {
 
     // Resolved at parse time so that the interpreter finds storage without a name lookup: for a
     // variable reference, an assignment and a function's return variable, the frame slot of a
-    // local, or -1 when `variable` is the global itself.
-    int frameSlot = -1;
+    // local, or kGlobalSlot.
+    int frameSlot = kGlobalSlot;
     // Whether evaluating this expression may call a function. Such a call can change variables and
     // grow the runtime stack, so values read before it must be copied.
     bool hasCall = false;

@@ -94,17 +94,34 @@ void* ScriptSystem::threadProcedure(void* host) {
 
 void ScriptSystem::runScript() {
     printLine("Script thread running ");
-    if (!script.run("Main")) {
-        printLine("Runtime error: " + script.getLastError());
-    }
-    // Main has returned: only now are events served, each to its end.
-    while (game->isRunning() && !script.isStopRequested()) {
-        while (std::unique_ptr<ScriptEvent> event = takeEvent()) {
-            serve(*event);
+    try {
+        if (!script.run("Main")) {
+            printLine("Runtime error: " + script.getLastError());
         }
-        std::this_thread::sleep_for(kEventPoll);
+        // Main has returned: only now are events served, each to its end.
+        while (isServing()) {
+            serveQueuedEvents();
+            std::this_thread::sleep_for(kEventPoll);
+        }
+    } catch (const VeskStopException&) {
+        // The game is quitting, which is no error: nothing to report.
     }
     printLine("Script thread ended");
+}
+
+// Once the game has ended, the events still queued stay there and are never run.
+bool ScriptSystem::isServing() const {
+    return game->isRunning() && !script.isStopRequested();
+}
+
+void ScriptSystem::serveQueuedEvents() {
+    while (isServing()) {
+        std::unique_ptr<ScriptEvent> event = takeEvent();
+        if (!event) {
+            return;
+        }
+        serve(*event);
+    }
 }
 
 void ScriptSystem::serve(ScriptEvent& event) {

@@ -29,8 +29,9 @@ class ScriptSystem {
     // game built.
     void start(const std::string& mainScript = kMainScript);
     // Ends the script thread and waits for it. A script still running stops at its next loop
-    // pass or script function call; a host function waiting for the game returns once the game
-    // has ended, which the caller sees to first.
+    // pass or function call, silently: a stop is no error. A host function waiting for the game
+    // returns once the game has ended, which the caller sees to first. Events still queued are
+    // never run; they go with the system.
     void stop();
     // The thread's body: Main, then the events until the game ends or stop is asked.
     void runScript();
@@ -50,8 +51,10 @@ class ScriptSystem {
   private:
     static void* threadProcedure(void* host);
     void queue(ScriptEvent event);
+    bool isServing() const;
+    void serveQueuedEvents();
     // Calls the event's function with its three integers; a runtime error is reported and ends
-    // that event only.
+    // that event only. A stop is passed on.
     void serve(ScriptEvent& event);
 
     std::unique_ptr<pthread_t> thread;  // from createThread; null while no script thread runs

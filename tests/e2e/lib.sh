@@ -189,6 +189,30 @@ e2e_quit() {
     [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS after Escape"
 }
 
+# Clicks the window's close button as a window manager passes it on: a WM_DELETE_WINDOW message
+# (the test's X server has no window manager, and xdotool sends no such message).
+e2e_close_window() {
+    python3 - "$E2E_WINDOW" <<'EOF_PYTHON' || e2e_fail "could not send WM_DELETE_WINDOW"
+import ctypes, sys
+x = ctypes.CDLL("libX11.so.6")
+x.XOpenDisplay.restype = ctypes.c_void_p
+x.XOpenDisplay.argtypes = [ctypes.c_char_p]
+x.XInternAtom.restype = ctypes.c_ulong
+x.XInternAtom.argtypes = [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_int]
+x.XSendEvent.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_long, ctypes.c_void_p]
+x.XCloseDisplay.argtypes = [ctypes.c_void_p]
+class ClientMessage(ctypes.Structure):
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int),
+                ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("message_type", ctypes.c_ulong),
+                ("format", ctypes.c_int), ("data", ctypes.c_long * 5), ("pad", ctypes.c_long * 12)]
+display = x.XOpenDisplay(None)
+window = int(sys.argv[1])
+message = ClientMessage(type=33, window=window, message_type=x.XInternAtom(display, b"WM_PROTOCOLS", 0), format=32)
+message.data[0] = x.XInternAtom(display, b"WM_DELETE_WINDOW", 0)
+sys.exit(0 if display and x.XSendEvent(display, window, 0, 0, ctypes.byref(message)) and x.XCloseDisplay(display) == 0 else 1)
+EOF_PYTHON
+}
+
 e2e_stdout() { cat "$E2E_WORK/stdout.log"; }
 
 # Prints the last line of standard output that starts with the text.

@@ -77,13 +77,30 @@ TEST_F(ScriptThread, EventsAreServedAfterMainInOrderEachOnceAndFailuresAreReport
               "kill 8 0 1\nScript thread ended\n");
 }
 
-// Ending the game ends the script whatever it is doing: here a loop without end in Main.
+// Ending the game ends the script whatever it is doing, here a loop without end in Main, and
+// silently: the events raised meanwhile are neither run nor reported.
 TEST_F(ScriptThread, EndingTheGameStopsAScriptThatNeverReturns) {
     start("FUNCTION Main()\n  DO WHILE 1\n    N = N + 1\n  LOOP\nEND FUNCTION\n");
+    scripts().raise("OnKill", 1, 2, 3);
+    scripts().raise("OnNothing", 1, 2, 3);
     sleep(100);
+    EXPECT_EQ(finish(), "Script thread running \nScript thread ended\n");
+    EXPECT_EQ(scripts().getPendingEventCount(), 2);
+}
+
+// A stop asked while Main waits and the game runs on: Main's genuine error after the wait is
+// still reported, and the events queued are never served.
+TEST_F(ScriptThread, AStopServesNoMoreEventsButAGenuineErrorIsReported) {
+    start(
+        "DIM Zero\nFUNCTION Main()\n  delay(500)\n  X = 1 / Zero\nEND FUNCTION\n"
+        "FUNCTION OnKill(Id, X, Y)\n  print(\"kill\")\nEND FUNCTION\n");
+    scripts().raise("OnKill", 1, 2, 3);
+    scripts().raise("OnKill", 4, 5, 6);
+    sleep(100);
+    scripts().stop();
+    EXPECT_EQ(scripts().getPendingEventCount(), 2);
     EXPECT_EQ(finish(),
-              "Script thread running \n"
-              "Runtime error: At line 0 : MAIN: Script stopped : MAIN\n"
+              "Script thread running \nRuntime error: At line 4 : MAIN: Division by zero : /\n"
               "Script thread ended\n");
 }
 
