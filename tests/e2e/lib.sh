@@ -9,12 +9,7 @@
 set -uo pipefail
 
 E2E_NAME=$(basename "${0%.sh}")
-E2E_WORK=""
-E2E_PID=""
-E2E_XVFB_PID=""
-E2E_STATUS=""
-E2E_WINDOW=""
-E2E_RESTARTED=""
+E2E_WORK="" E2E_PID="" E2E_XVFB_PID="" E2E_STATUS="" E2E_WINDOW="" E2E_RESTARTED=""
 E2E_OUT="${GREVAN_E2E_OUT:-/tmp/grevan-e2e}/$E2E_NAME"
 
 e2e_fail() {
@@ -29,7 +24,7 @@ e2e_pass() { echo "PASS [$E2E_NAME]"; exit 0; }
 e2e_cleanup() {
     [ -z "$E2E_PID" ] || kill -KILL "$E2E_PID" 2>/dev/null
     e2e_stop_xvfb
-    if [ -n "$E2E_WORK" ] && [ -d "$E2E_WORK" ]; then
+    if [ -d "$E2E_WORK" ]; then
         mkdir -p "$E2E_OUT"
         cp "$E2E_WORK"/stdout.log "$E2E_WORK"/stderr.log "$E2E_OUT"/ 2>/dev/null
         rm -rf "$E2E_WORK"
@@ -85,19 +80,13 @@ e2e_start_xvfb() {
 }
 
 # Writes standard input as the game's main script, script/main.fb.
-e2e_add_script() {
-    mkdir -p "$E2E_WORK/script"
-    cat >"$E2E_WORK/script/main.fb"
-}
+e2e_add_script() { mkdir -p "$E2E_WORK/script" && cat >"$E2E_WORK/script/main.fb"; }
 
 # Adds the small level most tests play on, as maps/field.map: 1600 x 600, a floor whose top is
 # at y 520, a crate at its right end.
 e2e_add_field() { cp "$(dirname "${BASH_SOURCE[0]}")/files/field.map" "$E2E_WORK/maps/"; }
 
-e2e_start() {
-    (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) &
-    E2E_PID=$!
-}
+e2e_start() { (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) & E2E_PID=$!; }
 
 # Waits until the game's standard output holds the exact text (as a substring of a line).
 e2e_wait_for_line() {
