@@ -34,20 +34,18 @@ TEST_F(WeaponTest, HeldFireShootsOnceEveryFireDelayFrames) {
 }
 
 TEST_F(WeaponTest, FortyFiveRoundsIntoAnEmptyGunReloadOnceIntoThirtyAndFifteen) {
-    Gun* gun = new Gun(me);
-    me->setWeapon(1, std::unique_ptr<Gun>(gun));
-    gun->addBullets(45);
+    Gun gun(me);
+    gun.addBullets(45);
     int plays = playsOf("gun_reload", [&] {
         for (int frame = 0; frame < 100; frame++) {
-            gun->move();
-            EXPECT_EQ(gun->getBulletCurrent(), 0) << "frame " << frame;
-            gun->reload();  // a reload under way is neither restarted nor heard again
+            gun.move();
+            EXPECT_EQ(gun.getBulletCurrent(), 0) << "frame " << frame;
+            gun.reload();  // a reload under way is neither restarted nor heard again
         }
-        gun->move();
+        gun.move();
     });
     EXPECT_EQ(plays, 1);
-    EXPECT_EQ(gun->getBulletCurrent(), 30);
-    EXPECT_EQ(gun->getBulletTotal(), 45);
+    EXPECT_EQ(std::make_pair(gun.getBulletCurrent(), gun.getBulletTotal()), std::make_pair(30, 45));
 }
 
 TEST_F(WeaponTest, AbsurdRoundCountsStopAtTheReserveLimitEitherWay) {
@@ -59,11 +57,10 @@ TEST_F(WeaponTest, AbsurdRoundCountsStopAtTheReserveLimitEitherWay) {
                                                {-2147483647 - 1, -5, -limit},
                                                {2147483647, -2147483647 - 1, -limit}};
     for (auto [first, second, total] : cases) {
-        Gun* gun = new Gun(me);
-        me->setWeapon(1, std::unique_ptr<Gun>(gun));
-        gun->addBullets(first);
-        gun->addBullets(second);
-        EXPECT_EQ(gun->getBulletTotal(), total) << first << ", " << second;
+        Gun gun(me);
+        gun.addBullets(first);
+        gun.addBullets(second);
+        EXPECT_EQ(gun.getBulletTotal(), total) << first << ", " << second;
     }
 }
 

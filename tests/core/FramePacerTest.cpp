@@ -2,41 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using Grevan::FramePacer;
 
 namespace {
 
-// Runs `frames` frames within the second that starts at `second`.
-void runSecond(FramePacer& pacer, time_t second, int frames) {
-    for (int i = 0; i < frames; ++i) {
-        pacer.beginFrame(second);
-    }
-}
-
+// Once a second the delay moves a millisecond: down after fewer than 66 frames, else up. A stall of
+// several seconds counts as one, and a slow machine walks the delay through 0 into negative values.
 TEST(FramePacer, AdjustsTheDelayByOneMillisecondEachSecondAroundSixtySixFrames) {
-    struct Case {
-        int framesPerSecond;
-        time_t nextSecond;
-        int delay;
-    } cases[] = {{65, 101, 9}, {66, 101, 11}, {1, 101, 9}, {200, 101, 11}, {70, 105, 11}};
-    for (const Case& c : cases) {
+    // frames drawn each second, seconds, seconds from one to the next, delay after
+    const int cases[][4] = {{65, 1, 1, 9},   {66, 1, 1, 11}, {1, 1, 1, 9},
+                            {200, 1, 1, 11}, {70, 1, 5, 11}, {30, 15, 1, -5}};
+    for (auto [frames, seconds, step, delay] : cases) {
         FramePacer pacer(100);
-        runSecond(pacer, 100, c.framesPerSecond);
-        EXPECT_EQ(pacer.getDelay(), 10) << "no change within the first second";
-        EXPECT_EQ(pacer.getFramesLastSecond(), 0) << "the first value shown is 0";
-        pacer.beginFrame(c.nextSecond);  // a stall of several seconds counts as one
-        EXPECT_EQ(pacer.getDelay(), c.delay) << c.framesPerSecond;
-        EXPECT_EQ(pacer.getFramesLastSecond(), c.framesPerSecond);
+        for (int second = 0; second < seconds; ++second) {
+            for (int i = 0; i < frames; ++i) {
+                pacer.beginFrame(100 + second * step);
+            }
+            if (second == 0) {
+                EXPECT_EQ(std::make_pair(pacer.getDelay(), pacer.getFramesLastSecond()),
+                          std::make_pair(10, 0))
+                    << "no change within the first second, whose count shows as 0";
+            }
+        }
+        pacer.beginFrame(100 + seconds * step);
+        EXPECT_EQ(pacer.getDelay(), delay) << frames;
+        EXPECT_EQ(pacer.getFramesLastSecond(), frames);
     }
-}
-
-TEST(FramePacer, SlowMachineWalksTheDelayIntoNegativeValues) {
-    FramePacer pacer(0);
-    pacer.beginFrame(0);  // opens second 0; each later second draws 30 frames in all
-    for (time_t second = 1; second <= 15; ++second) {
-        runSecond(pacer, second, 30);
-    }
-    EXPECT_EQ(pacer.getDelay(), 10 - 15);
 }
 
 }  // namespace

@@ -1,15 +1,12 @@
 #!/usr/bin/env bash
 # Runs the examples of the documents exactly as printed, through the build's vesk and mapview:
-# - each ```basic block is a script file: a block without a FUNCTION is a statement example and
-#   stands as the body of a function Main (the block's lines themselves unchanged); each must load
-#   with `vesk --check --strict` (no error, no warning) and dry-run Main to its end with status 0;
-#   when a ```text block follows it at once, that is the output Main must print; one that loads a
-#   map is also checked from data/ (vesk --assets, and the dry run loads the map);
-# - each command line of a ```sh block that starts with ../build/ runs from data/, as the documents
-#   say, with the build folder of VESK, and must end with status 0 (so the shipped scripts load and
-#   run, and every file they need is there);
+# - each ```basic block (without a FUNCTION, the unchanged body of a function Main) must load with
+#   `vesk --check --strict` and dry-run Main to its end with status 0, printing the ```text block
+#   that follows it at once, if any; one that loads a map is also checked from data/ (vesk --assets,
+#   and the dry run loads the map). IMPORT examples find empty lib/helpers.fb and lib/weapons.fb;
+# - each ../build/ command line of a ```sh block must end with status 0, run from data/ with the
+#   build folder of VESK (so the shipped scripts load and run, and every file they need is there);
 # - the table of shipped pictures matches data/image/object/.
-# IMPORT examples find empty files lib/helpers.fb and lib/weapons.fb beside them.
 # Usage: examples_test.sh VESK DATA_FOLDER DOCUMENT...
 set -uo pipefail
 vesk=$1
@@ -18,9 +15,7 @@ shift 2
 build=$(dirname "$vesk")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$work/lib"
-: >"$work/lib/helpers.fb"
-: >"$work/lib/weapons.fb"
+mkdir -p "$work/lib" && touch "$work/lib/helpers.fb" "$work/lib/weapons.fb"
 
 # Splits the document into numbered files: example_N.fb, example_N.expected (a ```text block right
 # after it), and commands.sh (the ../build/ command lines of the ```sh blocks).
@@ -86,10 +81,8 @@ shipped=$(for picture in "$data"/image/object/*.bmp; do
   echo "$(basename "$picture") $width $height"
 done | sort)
 pictures=$(echo "$shipped" | wc -l)
-if [ "$listed" != "$shipped" ]; then
-  fail "the picture table differs from data/image/object/ (< table, > files):"
-  diff <(echo "$listed") <(echo "$shipped")
-fi
+[ "$listed" = "$shipped" ] || { fail "the picture table differs from data/image/object/ (< table, > files):"
+  diff <(echo "$listed") <(echo "$shipped"); }
 
 echo "$count examples, $commands commands, $pictures pictures, $failures failures"
 [ "$failures" -eq 0 ]

@@ -9,39 +9,22 @@
 set -uo pipefail
 
 E2E_NAME=$(basename "${0%.sh}")
-E2E_WORK=""
-E2E_PID=""
-E2E_XVFB_PID=""
-E2E_STATUS=""
-E2E_WINDOW=""
-E2E_RESTARTED=""
+E2E_WORK="" E2E_PID="" E2E_XVFB_PID="" E2E_STATUS="" E2E_WINDOW="" E2E_RESTARTED=""
 E2E_OUT="${GREVAN_E2E_OUT:-/tmp/grevan-e2e}/$E2E_NAME"
 
 e2e_fail() {
     echo "FAIL [$E2E_NAME]: $*" >&2
-    if [ -n "$E2E_WORK" ]; then
-        echo "--- game standard output:" >&2
-        cat "$E2E_WORK/stdout.log" >&2 2>/dev/null
-        echo "--- game standard error:" >&2
-        tail -n 40 "$E2E_WORK/stderr.log" >&2 2>/dev/null
-    fi
+    [ -z "$E2E_WORK" ] || { echo "--- game standard output:"; cat "$E2E_WORK/stdout.log"
+        echo "--- game standard error:"; tail -n 40 "$E2E_WORK/stderr.log"; } >&2 2>/dev/null
     exit 1
 }
 
-e2e_pass() {
-    echo "PASS [$E2E_NAME]"
-    exit 0
-}
+e2e_pass() { echo "PASS [$E2E_NAME]"; exit 0; }
 
 e2e_cleanup() {
-    if [ -n "$E2E_PID" ] && kill -0 "$E2E_PID" 2>/dev/null; then
-        kill -KILL "$E2E_PID" 2>/dev/null
-    fi
-    if [ -n "$E2E_XVFB_PID" ]; then
-        kill "$E2E_XVFB_PID" 2>/dev/null
-        wait "$E2E_XVFB_PID" 2>/dev/null
-    fi
-    if [ -n "$E2E_WORK" ] && [ -d "$E2E_WORK" ]; then
+    [ -z "$E2E_PID" ] || kill -KILL "$E2E_PID" 2>/dev/null
+    e2e_stop_xvfb
+    if [ -d "$E2E_WORK" ]; then
         mkdir -p "$E2E_OUT"
         cp "$E2E_WORK"/stdout.log "$E2E_WORK"/stderr.log "$E2E_OUT"/ 2>/dev/null
         rm -rf "$E2E_WORK"
@@ -77,10 +60,14 @@ e2e_until() {
     return 1
 }
 
-# Starts Xvfb and sets DISPLAY once the server takes clients. Without -noreset the server resets
-# whenever its last client leaves, and a game connecting in that moment may find no display.
+e2e_stop_xvfb() { [ -z "$E2E_XVFB_PID" ] || { kill "$E2E_XVFB_PID"; wait "$E2E_XVFB_PID"; } 2>/dev/null; }
+
+# Starts Xvfb, in place of the one running if any, and sets DISPLAY once the server takes clients.
+# Without -noreset the server resets whenever its last client leaves, and a game connecting in that
+# moment may find no display.
 e2e_start_xvfb() {
     local displayFile="$E2E_WORK/.display"
+    e2e_stop_xvfb
     rm -f "$displayFile"
     Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$displayFile" \
         2>>"$E2E_WORK/xvfb.log" &
@@ -93,19 +80,13 @@ e2e_start_xvfb() {
 }
 
 # Writes standard input as the game's main script, script/main.fb.
-e2e_add_script() {
-    mkdir -p "$E2E_WORK/script"
-    cat >"$E2E_WORK/script/main.fb"
-}
+e2e_add_script() { mkdir -p "$E2E_WORK/script" && cat >"$E2E_WORK/script/main.fb"; }
 
 # Adds the small level most tests play on, as maps/field.map: 1600 x 600, a floor whose top is
 # at y 520, a crate at its right end.
 e2e_add_field() { cp "$(dirname "${BASH_SOURCE[0]}")/files/field.map" "$E2E_WORK/maps/"; }
 
-e2e_start() {
-    (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) &
-    E2E_PID=$!
-}
+e2e_start() { (cd "$E2E_WORK" && exec "$GREVAN_BIN" >stdout.log 2>stderr.log) & E2E_PID=$!; }
 
 # Waits until the game's standard output holds the exact text (as a substring of a line).
 e2e_wait_for_line() {
@@ -133,11 +114,7 @@ e2e_wait_for_window() {
             E2E_RESTARTED=1
             echo "note [$E2E_NAME]: no window on $DISPLAY ($(grep -v '^AL lib' "$E2E_WORK/stderr.log" \
                 | head -n 1)); starting the game once more" >&2
-            if ! xdotool getdisplaygeometry >/dev/null 2>&1; then
-                kill "$E2E_XVFB_PID" 2>/dev/null
-                wait "$E2E_XVFB_PID" 2>/dev/null
-                e2e_start_xvfb
-            fi
+            xdotool getdisplaygeometry >/dev/null 2>&1 || e2e_start_xvfb
             e2e_start
         fi
         sleep 0.1
@@ -145,20 +122,13 @@ e2e_wait_for_window() {
     e2e_fail "no window titled \"$title\" within ${seconds}s"
 }
 
-# Presses each key for 0.15 s: the game reads the keyboard's state once a frame, and a tap that
-# begins and ends between two frames of a busy machine goes unseen.
-e2e_key() {
-    local name
-    for name in "$@"; do
-        xdotool keydown "$name" sleep 0.15 keyup "$name"
-    done
-}
+# The game reads the keys and buttons once a frame and misses a tap that begins and ends between two
+# frames of a busy machine: e2e_key holds each key for 0.15 s, e2e_click the button for 0.1 s.
+e2e_key() { local name; for name in "$@"; do e2e_hold "$name" 0.15; done; }
 # Holds a key for some seconds.
 e2e_hold() { xdotool keydown "$1" sleep "$2" keyup "$1"; }
 # Moves the pointer to a point of the game window.
 e2e_mouse_move() { xdotool mousemove --window "$E2E_WINDOW" "$1" "$2"; }
-# Holds the button for 0.1 s: the game reads the buttons once a frame and sees no click that
-# begins and ends between two frames.
 e2e_click() { xdotool mousedown "${1:-1}" sleep 0.1 mouseup "${1:-1}"; }
 
 # Takes a screenshot of the game window; prints the PNG's path.
@@ -171,11 +141,13 @@ e2e_screenshot() {
 # Prints a pixel of a picture as srgb(r,g,b).
 e2e_pixel() { /usr/bin/convert "$1" -format "%[pixel:p{$2,$3}]" info:; }
 
-# Waits for the game to end; E2E_STATUS is its exit status. Fails when it outlives the timeout.
+# Waits for the game to end; E2E_STATUS is its exit status. Fails when it outlives the timeout or
+# ends with a status other than 0.
 e2e_wait_for_exit() {
     e2e_until "${1:-10}" '! kill -0 "$E2E_PID" 2>/dev/null' || e2e_fail "the game did not end within ${1:-10}s"
     wait "$E2E_PID"
     E2E_STATUS=$?
+    [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS"
 }
 
 # Creates the file NAME in the game's working directory, where a script that runs
@@ -186,7 +158,6 @@ e2e_stage_done() { touch "$E2E_WORK/$1"; }
 e2e_quit() {
     e2e_key Escape
     e2e_wait_for_exit "${1:-2}"
-    [ "$E2E_STATUS" -eq 0 ] || e2e_fail "exit status $E2E_STATUS after Escape"
 }
 
 # Clicks the window's close button as a window manager passes it on: a WM_DELETE_WINDOW message

@@ -8,7 +8,6 @@ e2e_begin
 unset DISPLAY
 e2e_start
 e2e_wait_for_exit 10
-[ "$E2E_STATUS" -eq 0 ] || e2e_fail "without a display: exit status $E2E_STATUS"
 expected=$'Starting Grevan ...\nFailed to set video mode 800*600*32\nFailed to set video mode 640*480*32\nFailed to start game.'
 [ "$(e2e_stdout)" = "$expected" ] || e2e_fail "unexpected standard output without a display"
 e2e_cleanup

@@ -18,35 +18,20 @@ mode=${1:-}
 # Sets binary, seeds and crashes for a target.
 describe() {
   case "$1" in
-    parse | run)
-      binary=vesk_fuzz_$1
-      seeds=("$root"/tests/script/cases/*.fb "$root"/tests/script/cases/lib/*.fb "$root"/bench/vesk/*.fb)
-      crashes=("$root"/tests/fuzz/crashes/vesk/*)
-      ;;
-    map)
-      binary=grevan_fuzz_map
-      seeds=("$root"/data/maps/*.map "$root"/tests/fuzz/seeds/map/*)
-      crashes=("$root"/tests/fuzz/crashes/map/*)
-      ;;
-    role)
-      binary=grevan_fuzz_role
-      seeds=("$root"/data/image/role/*/config.dat "$root"/tests/fuzz/seeds/role/*)
-      crashes=("$root"/tests/fuzz/crashes/role/*)
-      ;;
-    *)
-      echo "unknown fuzz target: $1" >&2
-      exit 2
-      ;;
+    parse | run) binary=vesk_fuzz_$1 crashes=vesk
+      seeds=("$root"/tests/script/cases/*.fb "$root"/tests/script/cases/lib/*.fb "$root"/bench/vesk/*.fb) ;;
+    map) binary=grevan_fuzz_map crashes=map seeds=("$root"/data/maps/*.map) ;;
+    role) binary=grevan_fuzz_role crashes=role seeds=("$root"/data/image/role/*/config.dat) ;;
+    *) echo "unknown fuzz target: $1" >&2 && exit 2 ;;
   esac
+  [ "$crashes" = vesk ] || seeds+=("$root"/tests/fuzz/seeds/$1/*)
+  crashes=("$root"/tests/fuzz/crashes/$crashes/*)
 }
 
 case "$mode" in
   regress) build=${2:-} ;;
   run) build=${4:-} ;;
-  *)
-    sed -n '2,13p' "$0" >&2
-    exit 2
-    ;;
+  *) sed -n '2,13p' "$0" >&2 && exit 2 ;;
 esac
 build=$(cd "${build:-$root/build-fuzz/tests/fuzz}" && pwd)
 cd "$root/tests/script/cases"

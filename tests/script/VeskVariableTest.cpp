@@ -11,14 +11,12 @@
 TEST(VeskVariable, CopiesCarryConstnessScopeAndSlot) {
     VeskVariable constant;
     constant.setString("pear");
-    constant.isConstant = 1;
-    constant.isGlobal = 1;
+    constant.isConstant = constant.isGlobal = 1;
     constant.slot = 9;
     VeskVariable assigned;
     assigned = constant;
-    VeskVariable copied(constant);
-    for (const VeskVariable* copy : {&assigned, &copied}) {
-        EXPECT_EQ(std::make_tuple(copy->isConstant, copy->isGlobal, copy->slot, copy->stringValue()),
+    for (const VeskVariable& copy : {assigned, VeskVariable(constant)}) {
+        EXPECT_EQ(std::make_tuple(copy.isConstant, copy.isGlobal, copy.slot, copy.stringValue()),
                   std::make_tuple(1, 1, 9, std::string("pear")));
     }
 }
