@@ -55,8 +55,6 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         {inMain("X = -()\n"), "At line 2 : Syntax error: missing operand for : -"},
         {inMain("FOR I 1 TO 3\nNEXT\n"), "At line 2 : Syntax error, missing '=' : 1"},
         {inMain("FOR I = 1 TO 3\nWEND\n"), "At line 3 : Syntax error, missing 'NEXT' : WEND"},
-        // NEXT stands alone on its line.
-        {inMain("FOR I = 1 TO 3\nNEXT I\n"), "At line 3 : Need a new line at : I"},
         {inMain("FOR I = 1 TO F(2) STEP G(3)\nNEXT J\n"),
          "At line 3 : Syntax error, missing 'FOR' for NEXT : J"},
         {"FUNCTION Add X, Y\nEND FUNCTION\n", "At line 1 : Syntax error, missing ( : X"},
