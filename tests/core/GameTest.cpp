@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <tuple>
 
 #include "support/CombatScene.h"
 #include "support/GuiFolder.h"

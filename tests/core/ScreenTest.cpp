@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/Game.h"
 #include "support/TestSupport.h"
 
