@@ -8,19 +8,9 @@
 #include "support/GuiFolder.h"
 #include "support/Probe.h"
 
-using Grevan::Game;
 using Grevan::Player;
 
 namespace {
-
-TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
-    Game game(Grevan::StartMode::HEADLESS);
-    bool started = true;
-    EXPECT_EQ(GrevanTest::printedBy([&] { started = game.start(); }),
-              "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
-    EXPECT_FALSE(started);
-    game.getScreen().flip();  // no pages: nothing to do, and no crash
-}
 
 using GameFrame = CombatScene;
 
