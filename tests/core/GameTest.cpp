@@ -2,25 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <tuple>
 
 #include "support/CombatScene.h"
 #include "support/GuiFolder.h"
 #include "support/Probe.h"
 
-using Grevan::Game;
 using Grevan::Player;
 
 namespace {
-
-TEST(Game, StartWithoutAVideoModeTriesBothModesAndFails) {
-    Game game(Grevan::StartMode::HEADLESS);
-    bool started = true;
-    EXPECT_EQ(GrevanTest::printedBy([&] { started = game.start(); }),
-              "Failed to set video mode 800*600*32\nFailed to set video mode 640*480*32\n");
-    EXPECT_FALSE(started);
-    game.getScreen().flip();  // no pages: nothing to do, and no crash
-}
 
 using GameFrame = CombatScene;
 
@@ -43,17 +33,6 @@ TEST_F(GameFrame, FrameMovesReapsAndThenWritesOnlyTheFpsLineWithoutAMainPlayer) 
     destroy_bitmap(expected);
 }
 
-TEST_F(GameFrame, AnIdSharedByTwoPlayersFindsTheFirstAdded) {
-    srand(3);
-    Player* first = new Player("first", "soldier");
-    srand(3);
-    Player* second = new Player("second", "soldier");
-    game->addPlayer(std::unique_ptr<Player>(first));
-    game->addPlayer(std::unique_ptr<Player>(second));
-    EXPECT_EQ(game->getPlayer(second->getPlayerId()), first);
-    EXPECT_EQ(game->getPlayer(first->getPlayerId() + 1), nullptr);
-}
-
 TEST_F(GameFrame, LockingControlStopsTheMainPlayerAndLoadingAMapForgetsIt) {
     EXPECT_FALSE(game->canControl()) << "until the script unlocks it";
     game->unlockControl();
@@ -70,8 +49,7 @@ TEST_F(GameFrame, LockingControlStopsTheMainPlayerAndLoadingAMapForgetsIt) {
 }
 
 TEST_F(GameFrame, DrawsTheStatusBarThenTheRobotOnTheScreenThenTheBubbleAndHidesTheSight) {
-    const int background = makecol(40, 60, 80);
-    const int sight = makecol(0, 255, 0);
+    const int background = makecol(40, 60, 80), sight = makecol(0, 255, 0);
     GuiFolder gui;
     gui.runInside([this] {
         game->getInfoBar().initialize();
@@ -90,26 +68,23 @@ TEST_F(GameFrame, DrawsTheStatusBarThenTheRobotOnTheScreenThenTheBubbleAndHidesT
     Grevan::Dialog& bubble = game->getDialog();
     bubble.setDelay(1);
     bubble.setPosition(speaker->getCentralX(), speaker->getY()).setText("Hello").show();
-    runFrames(1);
-    EXPECT_EQ(getpixel(buffer, 128, 55), GuiFolder::colourOf("blood")) << "the health bar";
-    EXPECT_EQ(getpixel(buffer, 30, 175), GuiFolder::colourOf("ib"))
-        << "the robot at (10, 150), whatever the camera";
-    const int boxX = bubble.getX() - map().getClientX() + 15;
-    const int boxY = bubble.getY() - map().getClientY() + 15;
-    EXPECT_EQ(getpixel(buffer, boxX, boxY), GrevanTest::blendedOver(background, 0))
-        << "the bubble in the world";
-    EXPECT_EQ(GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500), 0) << "no sight under a bubble";
-    // The robot is drawn over the status bar.
+    const int boxX = bubble.getX() - map().getClientX() + 15, boxY = bubble.getY() - map().getClientY() + 15;
+    // The health bar at (128, 55), the robot at (10, 150) whatever the camera, the bubble in the
+    // world, and the sight at (600, 450), which a bubble hides.
+    auto seen = [&] {
+        runFrames(1);
+        return std::make_tuple(getpixel(buffer, 128, 55), getpixel(buffer, 30, 175),
+                               getpixel(buffer, boxX, boxY),
+                               GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500) > 0);
+    };
+    const int blood = GuiFolder::colourOf("blood"), robotColour = GuiFolder::colourOf("ib");
+    EXPECT_EQ(seen(), std::make_tuple(blood, robotColour, GrevanTest::blendedOver(background, 0), false));
+    // The robot is drawn over the status bar; the bubble's one frame is over.
     robot->setX(100);
     robot->setY(40);
-    runFrames(1);
-    EXPECT_FALSE(bubble.isVisible()) << "its one frame is over";
-    EXPECT_EQ(getpixel(buffer, 130, 55), GuiFolder::colourOf("ib"));
-    EXPECT_EQ(getpixel(buffer, boxX, boxY), background);
-    EXPECT_GT(GrevanTest::pixelsOf(buffer, sight, 550, 400, 650, 500), 0);
+    EXPECT_EQ(seen(), std::make_tuple(robotColour, background, background, true));
     robot->hide();
-    runFrames(1);
-    EXPECT_EQ(getpixel(buffer, 130, 55), GuiFolder::colourOf("blood"));
+    EXPECT_EQ(std::get<0>(seen()), blood);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/Game.h"
 #include "support/TestSupport.h"
 
@@ -37,30 +39,24 @@ class ScreenTest : public testing::Test {
 
 TEST_F(ScreenTest, NothingShowsBeforeAFadeInFadesTakeFiftyTwoFramesAndAFadeOutFreezesTheDarkFrame) {
     EXPECT_EQ(screen.getCurrentPage(), first);
-    frames(10);
-    EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_DARK);
-    EXPECT_EQ(shown(), 0);
-    screen.fadeIn();
-    frames(1);
-    EXPECT_EQ(shown(), 0) << "the first frame is covered at alpha 255";
-    frames(50);
-    EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_IN);
-    EXPECT_GT(shown() & 0xff, 200);
-    EXPECT_LT(shown() & 0xff, 255);
-    frames(1);  // the 52nd frame is drawn at alpha 0
-    EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_SHOWN);
-    EXPECT_EQ(shown(), kWhite);
-    // The next test follows a fade-out's alpha frame by frame.
-    screen.fadeOut();
-    frames(51);
-    EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_OUT);
-    frames(1);
-    EXPECT_EQ(screen.getFadeMode(), Grevan::FADE_DARK);
-    frames(5);
-    EXPECT_EQ(shown(), 0) << "dark mode copies nothing";
-    screen.fadeIn();
-    frames(52);
-    EXPECT_EQ(shown(), kWhite);
+    // The fade started (if any), the white frames flipped after it, the fade mode then and the pixel
+    // shown. A fade-in's first frame is covered at alpha 255, its 51st at 5 and its 52nd at 0, and a
+    // fade-out's the other way round; dark mode copies nothing.
+    const std::tuple<void (Screen::*)(), int, int, int> steps[] = {
+        {nullptr, 10, Grevan::FADE_DARK, 0},
+        {&Screen::fadeIn, 1, Grevan::FADE_IN, 0},
+        {nullptr, 50, Grevan::FADE_IN, GrevanTest::blendedOver(kWhite, 0, 5)},
+        {nullptr, 1, Grevan::FADE_SHOWN, kWhite},
+        {&Screen::fadeOut, 51, Grevan::FADE_OUT, GrevanTest::blendedOver(kWhite, 0, 250)},
+        {nullptr, 6, Grevan::FADE_DARK, 0},
+        {&Screen::fadeIn, 52, Grevan::FADE_SHOWN, kWhite}};
+    for (auto [fade, count, mode, pixel] : steps) {
+        if (fade) {
+            (screen.*fade)();
+        }
+        frames(count);
+        EXPECT_EQ(std::make_pair(screen.getFadeMode(), shown()), std::make_pair(mode, pixel)) << count;
+    }
 }
 
 TEST_F(ScreenTest, AFadeDarkensEveryPixelExactlyAsATranslucentBlackOverlayWould) {

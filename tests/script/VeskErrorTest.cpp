@@ -40,11 +40,9 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         // A constant's name in an expression is a variable, so no CONST is computed from another.
         {"CONST Width = 800\nCONST Area = Width * 2\n", "At line 2 : Not a proper constant value : ="},
         {"DIM Speed\nCONST Speed = 3\n", "At line 2 : Redefine variable : SPEED"},
-        {"DIM A\nDIM B, A\n", "At line 2 : Redim variable : A"},
         {"DIM A B\n", "At line 1 : Syntax error : B"},
         {"CONST Least = (-2147483647 - 1) / -1\n", "At line 0 : Division by zero : /"},
         {inMain("\nX = 3 MOD 0\n"), "At line 3 : Division by zero : MOD"},
-        {inMain("DO WHILE 1\nLOOP UNTIL 1\n"), "At line 3 : Need a new line at : UNTIL"},
         {inMain("DO\nLOOP FOR\n"), "At line 3 : Syntax error, missing 'WHILE' or 'UNTIL' for 'LOOP' : FOR"},
         {inMain("DO WHILE 1\nWEND\n"), "At line 3 : Syntax error, missing 'LOOP' for 'DO' : WEND"},
         {inMain("A = 1 +\n"), "At line 2 : Syntax error: missing operand for : +"},
@@ -53,15 +51,10 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         {inMain("A = 1\nB = A[1]\n"), "At line 3 : Internal error: failed to determine the operator : ["},
         // A WHILE condition reports its block's line: 0 inside an IF or a loop.
         {inMain("IF 1 THEN\nWHILE 1 +\nWEND\nEND IF\n"), "At line 0 : Syntax error: missing operand for : +"},
-        // A closing parenthesis the expression did not open ends it, and is left to the statement.
-        {inMain("A = 1 + 2)\n"), "At line 2 : Error, should be endline or comma : )"},
         // A unary operator before an empty pair of parentheses has no operand (found by the fuzzer).
         {inMain("X = -()\n"), "At line 2 : Syntax error: missing operand for : -"},
-        {inMain("A = (1 + 2\n"), "At line 2 : Syntax error: missing operand for : ("},
         {inMain("FOR I 1 TO 3\nNEXT\n"), "At line 2 : Syntax error, missing '=' : 1"},
         {inMain("FOR I = 1 TO 3\nWEND\n"), "At line 3 : Syntax error, missing 'NEXT' : WEND"},
-        // NEXT stands alone on its line.
-        {inMain("FOR I = 1 TO 3\nNEXT I\n"), "At line 3 : Need a new line at : I"},
         {inMain("FOR I = 1 TO F(2) STEP G(3)\nNEXT J\n"),
          "At line 3 : Syntax error, missing 'FOR' for NEXT : J"},
         {"FUNCTION Add X, Y\nEND FUNCTION\n", "At line 1 : Syntax error, missing ( : X"},
@@ -85,9 +78,8 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
          "At line 2 : Failed to include the file lib/util.fb : At line 2 : Redim variable : SHARED"},
         {inMain("LET 1 = 2\n"), "At line 2 : Syntax error, not a valid name : 1"},
         // CR LF, and a lone CR, end a line (and a comment) each.
-        {"FUNCTION Main ' comment\r\n\r\nX = )\r\n",
+        {"FUNCTION Main ' comment\r\n\rX = )\r",
          "At line 3 : One or more operands are still in the stack : "},
-        {"FUNCTION Main\r\rX = )\r", "At line 3 : One or more operands are still in the stack : "},
         // The last word of a file without a final line end is lost.
         {"FUNCTION Main\nEND FUNCTION", "At line 0 : Syntax not finished : "},
         // An underscore ends a name: MY_VAR is MY, _ and VAR, so this is a call of MY.
@@ -96,13 +88,9 @@ TEST(VeskError, ScriptsThatBreakARuleAreRefusedWithLineRuleAndWord) {
         {inMain("print(\"a\nb\")\nX = )\n"), "At line 3 : One or more operands are still in the stack : "},
         {inMain("\nprint(\"never closed)\n"), "At line 3 : Unclosed string. : missing \""},
         {"DIM A\nprint(\"statements belong in functions\")\n", "At line 2 : unknown word : PRINT"},
-        // Errors in the second statement of a line report line 0.
-        {inMain("A = 1, B = )\n"), "At line 0 : One or more operands are still in the stack : "},
         // A colon is a token of its own that no statement uses.
         {inMain("A = 1 : B = 2\n"), "At line 2 : Error, should be endline or comma : :"},
         {inMain("A = 1, 2\n"), "At line 2 : Error, should be symbol after comma : 2"},
-        // Without a comma, B is a call whose argument is = 2, and the value has two operands.
-        {inMain("A = 1 B = 2\n"), "At line 2 : One or more operands are still in the stack : "},
     };  // the script, the error it is refused with
     for (const auto& [text, error] : cases) {
         VeskScript script;

@@ -48,10 +48,12 @@ class HostFunctions : public CombatScene {
     }
 };
 
-// A player's name, colour, role and top left corner.
+// A player's name, colour, role, top left corner, and for an opponent whether a script steers it.
 std::string describe(const Player* p) {
+    auto* opponent = dynamic_cast<const Grevan::AIPlayer*>(p);
     return p->getName() + " " + std::to_string(p->getColor()) + " " + p->getRole() + " " +
-           std::to_string(p->getX()) + " " + std::to_string(p->getY());
+           std::to_string(p->getX()) + " " + std::to_string(p->getY()) +
+           (opponent ? opponent->isUnderControl() ? " scripted" : " free" : "");
 }
 
 // An object's top left corner, size, and whether it shows.
@@ -69,14 +71,10 @@ TEST_F(HostFunctions, AddPlayerMakesTheLastHumanTheUsersAndOnlyOpponentsTakeAnAI
     const std::vector<Player*>& players = game->getPlayers();
     ASSERT_EQ(players.size(), 4u);
     EXPECT_EQ(game->getMainPlayer(), players[2]);
-    EXPECT_EQ(describe(players[2]), "Bo 65280 soldier 300 210");
-    EXPECT_EQ(dynamic_cast<Grevan::AIPlayer*>(players[1]), nullptr);
-    auto* opponent = dynamic_cast<Grevan::AIPlayer*>(players[3]);
-    ASSERT_NE(opponent, nullptr);
-    EXPECT_EQ(describe(opponent), "Cy 16711680 raider 500 220");
-    EXPECT_TRUE(opponent->isUnderControl());
-    run("setPlayerAIMode(" + std::to_string(opponent->getId()) + ", 0)");
-    EXPECT_FALSE(opponent->isUnderControl());
+    EXPECT_EQ(describe(players[1]) + ", " + describe(players[2]) + ", " + describe(players[3]),
+              "Ann 255 soldier 100 200, Bo 65280 soldier 300 210, Cy 16711680 raider 500 220 scripted");
+    run("setPlayerAIMode(" + std::to_string(players[3]->getId()) + ", 0)");
+    EXPECT_EQ(describe(players[3]), "Cy 16711680 raider 500 220 free");
 }
 
 TEST_F(HostFunctions, AddPlayerWeaponFillsAnEmptySlotByItsNumberAndThenOnlyAddsRounds) {
@@ -92,14 +90,6 @@ TEST_F(HostFunctions, AddPlayerWeaponFillsAnEmptySlotByItsNumberAndThenOnlyAddsR
     EXPECT_EQ(std::make_tuple(me->getWeapon(1)->getBulletTotal(), me->getWeapon(2)->getBulletTotal(),
                               me->getWeapon(3)->getBulletTotal()),
               std::make_tuple(15, 7, 2));
-}
-
-TEST_F(HostFunctions, ShowObjectShowsAnyObjectAndNamesAnUnknownId) {
-    Grevan::Object* piece = objects().getObjects().front();
-    piece->hide();
-    EXPECT_EQ(run("showObject(" + std::to_string(piece->getId()) + ")\nshowObject(987654)"),
-              "Object not found 987654\n");
-    EXPECT_TRUE(piece->isVisible());
 }
 
 // A box shows its picture where it is put; a hidden one, without a picture, has the size given and
@@ -150,28 +140,26 @@ TEST_F(HostFunctions, ArgumentsAreReadAtFixedDepthsFromTheTop) {
               std::make_tuple("undefined", 0, 7, "last", "last"));
 }
 
-TEST_F(HostFunctions, ControlTheRobotAndTheGameEnd) {
+// system runs its command after what the script printed so far; a refused level leaves the one
+// loaded.
+TEST_F(HostFunctions, ObjectsTheRobotControlTheShellTheLevelAndTheGameEnd) {
+    Grevan::Object* piece = objects().getObjects().front();
+    piece->hide();
     game->createRobot();
-    run("lockControl(1)\nshowRobot(1)");
-    EXPECT_EQ(std::make_pair(game->canControl(), game->getRobot()->isVisible()), std::make_pair(false, true));
+    EXPECT_EQ(run("showObject(" + std::to_string(piece->getId()) +
+                  ")\nshowObject(987654)\nlockControl(1)\n"
+                  "showRobot(1)\nprint(\"before \")\nsystem(\"echo from the shell\")\nprint(\"after\")"),
+              "Object not found 987654\nbefore from the shell\nafter");
+    EXPECT_EQ(std::make_tuple(piece->isVisible(), game->canControl(), game->getRobot()->isVisible()),
+              std::make_tuple(true, false, true));
     run("lockControl(0)\nshowRobot(0)");
     EXPECT_EQ(std::make_pair(game->canControl(), game->getRobot()->isVisible()), std::make_pair(true, false));
-    run("endgame()");
-    EXPECT_FALSE(game->isRunning());
-}
-
-TEST_F(HostFunctions, LoadMapBuildsTheLevelOrSaysWhyNot) {
-    std::string path = folder.writeFile("small.map", "0 900 500 1 2 3 0");
-    EXPECT_EQ(run("loadMap(\"" + path + "\")"), "");
+    EXPECT_EQ(run("loadMap(\"" + folder.writeFile("small.map", "0 900 500 1 2 3 0") + "\")"), "");
     me = nullptr;  // the new level has no players
-    EXPECT_EQ(map().getWidth(), 900);
     EXPECT_NE(run("loadMap(\"no/such.map\")"), "");
     EXPECT_EQ(map().getWidth(), 900);
-}
-
-TEST_F(HostFunctions, SystemRunsTheCommandAfterWhatTheScriptPrinted) {
-    EXPECT_EQ(run("print(\"before \")\nsystem(\"echo from the shell\")\nprint(\"after\")"),
-              "before from the shell\nafter");
+    run("endgame()");
+    EXPECT_FALSE(game->isRunning());
 }
 
 TEST_F(HostFunctions, SayShowsTheTextInABubbleAndWaitsUntilItHasGone) {

@@ -47,42 +47,36 @@ TEST_F(SpeechBubble, LinesAndSizesFollowTheLineFeedsAndTheWidestLine) {
     }
 }
 
-TEST_F(SpeechBubble, StandsOnThePointAndOpensToTheLeftWhenItWouldLeaveTheViewOnTheRight) {
+// The bubble stands on the point, opening to the left where it would leave the view on the right;
+// it is drawn half transparent with the tail's tip on the point, and its text is white whatever
+// colour was asked for.
+TEST_F(SpeechBubble, StandsOnThePointOpensLeftAtTheViewsRightEdgeAndIsDrawnHalfTransparent) {
+    const int green = makecol(0, 250, 0);
+    const int blended = GrevanTest::blendedOver(green, makecol(0, 0, 0));
+    const int white = GrevanTest::blendedOver(green, makecol(255, 255, 255));
     const std::tuple<int, int, bool> cases[] = {
         {200, 900, false}, {200, 990, true}, {0, 800 - 76, false}, {0, 800 - 75, true}};
     for (auto [cameraX, pointX, opensLeft] : cases) {
         map().setClientX(cameraX);
-        bubble.setPosition(pointX, 300).setText("Hello");  // 76 pixels wide
+        bubble.setPosition(pointX, 300).setText("Hello").setColor(makecol(255, 0, 0)).show();
         ASSERT_EQ(bubble.getWidth(), 76);
-        EXPECT_EQ(bubble.getX(), opensLeft ? pointX - 76 : pointX) << pointX << " from " << cameraX;
         EXPECT_EQ(bubble.getY(), 300 - bubble.getHeight());
+        clear_to_color(buffer, green);
+        bubble.draw(buffer, cameraX, 0);
+        const int left = (opensLeft ? pointX - 76 : pointX) - cameraX, right = left + 75;
+        const int top = bubble.getY(), bottom = 299;
+        SCOPED_TRACE(std::to_string(pointX) + " from " + std::to_string(cameraX));
+        // The tip is the bottom corner at the point; the other bottom corner and the margin are mask.
+        EXPECT_EQ(getpixel(buffer, opensLeft ? right : left, bottom), blended);
+        EXPECT_EQ(getpixel(buffer, opensLeft ? left : right, bottom), green);
+        EXPECT_EQ(getpixel(buffer, left, top), green);
+        EXPECT_EQ(getpixel(buffer, left + 10, top + 10), blended) << "the box";
+        EXPECT_GT(GrevanTest::pixelsOf(buffer, white, left, top, right, bottom), 0);
+        EXPECT_EQ(GrevanTest::pixelsOf(buffer, makecol(255, 0, 0)), 0);
     }
     // Every setText lifts the bubble by its height again.
     bubble.setText("Hello");
     EXPECT_EQ(bubble.getY(), 300 - 2 * bubble.getHeight());
-}
-
-TEST_F(SpeechBubble, IsDrawnHalfTransparentWithTheTailTipOnThePoint) {
-    const int green = makecol(0, 250, 0);
-    const int blended = GrevanTest::blendedOver(green, makecol(0, 0, 0));
-    const int white = GrevanTest::blendedOver(green, makecol(255, 255, 255));
-    for (bool opensLeft : {false, true}) {
-        int pointX = opensLeft ? 790 : 100;
-        bubble.setPosition(pointX, 300).setText("Hello").setColor(makecol(255, 0, 0)).show();
-        clear_to_color(buffer, green);
-        bubble.draw(buffer, 0, 0);
-        int left = bubble.getX();
-        int right = left + bubble.getWidth() - 1;
-        int bottom = 299;
-        // The tip is the bottom corner at the point; the other bottom corner is mask.
-        EXPECT_EQ(getpixel(buffer, opensLeft ? right : left, bottom), blended) << opensLeft;
-        EXPECT_EQ(getpixel(buffer, opensLeft ? left : right, bottom), green) << opensLeft;
-        EXPECT_EQ(getpixel(buffer, left, bubble.getY()), green) << "the margin is mask";
-        EXPECT_EQ(getpixel(buffer, left + 10, bubble.getY() + 10), blended) << "the box";
-        // The text is white whatever colour was asked for: blended white over green.
-        EXPECT_GT(GrevanTest::pixelsOf(buffer, white, left, bubble.getY(), right, bottom), 0);
-        EXPECT_EQ(GrevanTest::pixelsOf(buffer, makecol(255, 0, 0)), 0);
-    }
 }
 
 TEST_F(SpeechBubble, TimesOutAfter300FramesOrTheDelayGivenAndHideCutsItShortOnlyAfter30) {

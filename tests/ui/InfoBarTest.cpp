@@ -37,7 +37,7 @@ class StatusBar : public CombatScene {
     InfoBar bar;
 };
 
-TEST_F(StatusBar, BarsAreTheArmourPictureWidthTimesTheValueDividedBy100) {
+TEST_F(StatusBar, BarsAreThePictureWidthTimesTheValueDividedBy100AndStayWithoutAMainPlayer) {
     const int healthRow = InfoBar::kHealthBarY + GuiFolder::kBarHeight / 2;
     const std::tuple<int, int, int, int> cases[] = {
         {50, 0, 100, 0}, {0, 100, 0, 200}, {1, 99, 2, 198}, {100, 25, 200, 50}, {150, 0, 200, 0}};
@@ -50,6 +50,15 @@ TEST_F(StatusBar, BarsAreTheArmourPictureWidthTimesTheValueDividedBy100) {
     EXPECT_EQ(getpixel(buffer, InfoBar::kBarX, healthRow), GuiFolder::colourOf("blood"));
     // The background is drawn at alpha 200 over what lies beneath: a darker grey than its own.
     EXPECT_EQ(getpixel(buffer, 5, 5), makecol(70, 70, 70));
+    // Without a main player the figures last stored stay; a hidden bar draws nothing.
+    game->setMainPlayer(nullptr);
+    me->setHealth(50);
+    EXPECT_EQ(drawnOnRow("blood", healthRow), 200);
+    bar.setBlood(10);
+    EXPECT_EQ(drawnOnRow("blood", healthRow), 20);
+    bar.hide();
+    drawnOnRow("blood", 0);
+    EXPECT_EQ(GrevanTest::pixelsOf(buffer, 0), 800 * 600);
 }
 
 // Without a weapon in hand: no cartridges, no number, and an icon only for a selected slot; with
@@ -74,19 +83,6 @@ TEST_F(StatusBar, CartridgesAndTheReserveShowOnlyForAWeaponInHandAndTheIconForAS
             << i;
     }
     EXPECT_GT(GrevanTest::pixelsOf(buffer, kWhite, 392, 30, 407, 37), 0) << "the reserve, 40, at (392, 30)";
-}
-
-TEST_F(StatusBar, WithoutAMainPlayerTheStoredFiguresStayAndAHiddenBarDrawsNothing) {
-    me->setHealth(50);
-    drawnOnRow("blood", 0);
-    game->setMainPlayer(nullptr);
-    me->setHealth(100);
-    EXPECT_EQ(drawnOnRow("blood", InfoBar::kHealthBarY), 100);
-    bar.setBlood(10);
-    EXPECT_EQ(drawnOnRow("blood", InfoBar::kHealthBarY), 20);
-    bar.hide();
-    drawnOnRow("blood", 0);
-    EXPECT_EQ(GrevanTest::pixelsOf(buffer, 0), 800 * 600);
 }
 
 TEST_F(StatusBar, TheOlderRefreshDividesFirstAndSpacesCartridges25Apart) {
