@@ -1,5 +1,6 @@
 #include "core/Game.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -112,9 +113,9 @@ void Game::gameLoop() {
         inputSystem.doInput();
         playFrame(screen.getBufferPage(), pacer.getFramesLastSecond());
         screen.flip();
-        // A negative delay becomes a very long sleep; the pacing never lets a healthy machine
-        // get there.
-        rest(static_cast<unsigned int>(pacer.getDelay()));
+        // On a machine too slow for the frame rate the delay keeps falling below 0; such a frame
+        // does not sleep (handed to rest as it is, it would be a sleep of some 49 days).
+        rest(static_cast<unsigned int>(std::max(0, pacer.getDelay())));
     }
 }
 
