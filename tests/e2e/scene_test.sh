@@ -97,8 +97,8 @@ END FUNCTION
 EOF_SCRIPT
 
 # Aims at a point of the window. The camera stands at the level's top left corner, so screen and
-# world points coincide. The game puts the pointer back on its sight every frame, and a frame acts
-# on its newest input only: the pointer moves twice, each time for a frame of its own.
+# world points coincide. After a kick the game puts the pointer on the drifting sight, and a frame
+# acts on its newest input only: the pointer moves twice, each time for a frame of its own.
 aim_at() {
     e2e_mouse_move $(($1 + 1)) "$2"
     sleep 0.2
