@@ -38,14 +38,13 @@ std::string MapFile::checkSize(int pieceCount) const {
 bool MapFile::read(const char* path) {
     refusal.clear();
     pieces.clear();
-    width = height = red = green = blue = 0;
+    leadingNumber = width = height = red = green = blue = 0;
     std::ifstream in(path);
     if (!in.is_open()) {
         return refuse(path, "the file cannot be opened");
     }
-    int ignored = 0;
     int pieceCount = 0;
-    in >> ignored >> width >> height >> red >> green >> blue >> pieceCount;
+    in >> leadingNumber >> width >> height >> red >> green >> blue >> pieceCount;
     const std::string problem = checkSize(pieceCount);
     if (!problem.empty()) {
         return refuse(path, problem);
@@ -54,10 +53,9 @@ bool MapFile::read(const char* path) {
     // Declared once for all records: once the stream fails, each record left is the last one again.
     MapPiece piece;
     int kind = 0;
-    int unused = 0;
     for (int i = 0; i < pieceCount; ++i) {
-        in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> unused >> unused >> unused >>
-            unused;
+        in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> piece.ignored[0] >>
+            piece.ignored[1] >> piece.ignored[2] >> piece.ignored[3];
         if (kind != PIECE_SOLID && kind != PIECE_DECORATION) {
             continue;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ struct MapPiece {
     bool solid = false;  // solid pieces collide; the others are decoration
     int x = 0;           // top-left corner, level pixels
     int y = 0;
+    // The record's last four numbers: the game ignores them, and an editor writes them back as read.
+    std::array<int, 4> ignored{};
 };
 
 // A map file, read and checked in full before the level it describes replaces the current one.
@@ -40,6 +43,8 @@ class MapFile {
     // Why the file was refused, as one line for standard output.
     const std::string& getRefusal() const { return refusal; }
 
+    // The file's first number, which the game ignores.
+    int getLeadingNumber() const { return leadingNumber; }
     int getWidth() const { return width; }
     int getHeight() const { return height; }
     int getRed() const { return red; }
@@ -52,6 +57,7 @@ class MapFile {
     bool refuse(const std::string& path, const std::string& reason);
     std::string checkSize(int pieceCount) const;
 
+    int leadingNumber = 0;
     int width = 0;
     int height = 0;
     int red = 0;
