@@ -9,10 +9,6 @@ namespace {
 
 enum PieceKind { PIECE_SOLID = 0, PIECE_DECORATION = 1 };
 
-int withinReach(int coordinate) {
-    return std::clamp(coordinate, -MapFile::kFarthestPiece, MapFile::kFarthestPiece);
-}
-
 }  // namespace
 
 bool MapFile::refuse(const std::string& path, const std::string& reason) {
@@ -21,7 +17,11 @@ bool MapFile::refuse(const std::string& path, const std::string& reason) {
     return false;
 }
 
-std::string MapFile::checkSize(int pieceCount) const {
+int MapFile::withinReach(long long coordinate) {
+    return static_cast<int>(std::clamp<long long>(coordinate, -kFarthestPiece, kFarthestPiece));
+}
+
+std::string MapFile::checkSize(int width, int height, long long pieceCount) {
     // Each side is below 2^31, so their product taken in 64 bits cannot overflow.
     const long long area = static_cast<long long>(std::max(width, 1)) * std::max(height, 1);
     if (area > kMaximumLevelArea) {
@@ -45,7 +45,7 @@ bool MapFile::read(const char* path) {
     }
     int pieceCount = 0;
     in >> leadingNumber >> width >> height >> red >> green >> blue >> pieceCount;
-    const std::string problem = checkSize(pieceCount);
+    const std::string problem = checkSize(width, height, pieceCount);
     if (!problem.empty()) {
         return refuse(path, problem);
     }

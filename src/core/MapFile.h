@@ -35,6 +35,12 @@ class MapFile {
     // and the world's pixel arithmetic on them stays within an int.
     static constexpr int kFarthestPiece = 1 << 30;  // pixels, either sign
 
+    // Why a level of this size and piece count would be refused, as the end of the refusal line
+    // ("the level area ..."), or empty when it is accepted.
+    static std::string checkSize(int width, int height, long long pieceCount);
+    // The coordinate brought within kFarthestPiece of the origin.
+    static int withinReach(long long coordinate);
+
     // False when the file is refused: it cannot be opened, or its level area or piece count
     // would exhaust memory. Anything else is accepted quietly: fields that cannot be read keep
     // the values they had (0 before the first record), so a file that promises more records
@@ -55,7 +61,6 @@ class MapFile {
 
   private:
     bool refuse(const std::string& path, const std::string& reason);
-    std::string checkSize(int pieceCount) const;
 
     int leadingNumber = 0;
     int width = 0;

@@ -69,6 +69,9 @@ void EditorWindow::run(const std::string& path) {
             say(refusal + " - a new level instead");
         }
     }
+    if (palette.getNames().empty()) {
+        say(std::string("No pictures in ") + kPictureFolder + ": run mapedit from the game's data folder");
+    }
     lastAutosave = std::chrono::steady_clock::now();
     while (!quitting) {
         if (closeRequested) {

@@ -34,11 +34,8 @@ bool EditorWindow::isOverView(int screenX, int screenY) const {
 }
 
 LevelPoint EditorWindow::levelAt(int screenX, int screenY) const {
-    const auto within = [](long long value) {
-        return static_cast<int>(
-            std::clamp<long long>(value, -Grevan::MapFile::kFarthestPiece, Grevan::MapFile::kFarthestPiece));
-    };
-    return {within(camera.toLevelX(screenX)), within(camera.toLevelY(screenY))};
+    return {Grevan::MapFile::withinReach(camera.toLevelX(screenX)),
+            Grevan::MapFile::withinReach(camera.toLevelY(screenY))};
 }
 
 LevelPoint EditorWindow::brushCorner(const LevelPoint& point) {

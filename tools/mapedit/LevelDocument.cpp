@@ -60,16 +60,7 @@ void LevelDocument::write(std::ostream& out) const {
 }
 
 std::string LevelDocument::checkBounds() const {
-    const long long area = static_cast<long long>(std::max(width, 1)) * std::max(height, 1);
-    if (area > Grevan::MapFile::kMaximumLevelArea) {
-        return "the level area " + std::to_string(width) + " x " + std::to_string(height) +
-               " is too large: at most " + std::to_string(Grevan::MapFile::kMaximumLevelArea) + " pixels";
-    }
-    if (pieces.size() > static_cast<size_t>(Grevan::MapFile::kMaximumPieceCount)) {
-        return "the piece count " + std::to_string(pieces.size()) + " is too large: at most " +
-               std::to_string(Grevan::MapFile::kMaximumPieceCount);
-    }
-    return "";
+    return Grevan::MapFile::checkSize(width, height, static_cast<long long>(pieces.size()));
 }
 
 bool LevelDocument::save(const std::string& path, bool backup, std::string& error) const {

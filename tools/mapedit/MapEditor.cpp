@@ -3,17 +3,8 @@
 #include <algorithm>
 #include <climits>
 
-namespace {
-
 using Grevan::MapFile;
 using Grevan::MapPiece;
-
-int withinReach(long long coordinate) {
-    return static_cast<int>(
-        std::clamp<long long>(coordinate, -MapFile::kFarthestPiece, MapFile::kFarthestPiece));
-}
-
-}  // namespace
 
 int snapToGrid(int value, int step) {
     if (step <= 0) {
@@ -135,8 +126,8 @@ bool MapEditor::place(const std::string& image, int x, int y) {
     MapPiece piece;
     piece.image = image;
     piece.solid = true;
-    piece.x = withinReach(x);
-    piece.y = withinReach(y);
+    piece.x = MapFile::withinReach(x);
+    piece.y = MapFile::withinReach(y);
     record();
     current.selection.clear();
     appendSelected({piece});
@@ -158,8 +149,8 @@ bool MapEditor::moveSelection(int dx, int dy) {
     record();
     for (int index : current.selection) {
         MapPiece& piece = current.document.pieces[static_cast<size_t>(index)];
-        piece.x = withinReach(static_cast<long long>(piece.x) + dx);
-        piece.y = withinReach(static_cast<long long>(piece.y) + dy);
+        piece.x = MapFile::withinReach(static_cast<long long>(piece.x) + dx);
+        piece.y = MapFile::withinReach(static_cast<long long>(piece.y) + dy);
     }
     return true;
 }
@@ -187,8 +178,8 @@ void MapEditor::dragBy(int dx, int dy) {
     }
     for (size_t i = 0; i < current.selection.size(); ++i) {
         MapPiece& piece = current.document.pieces[static_cast<size_t>(current.selection[i])];
-        piece.x = withinReach(static_cast<long long>(dragOrigins[i].x) + dx);
-        piece.y = withinReach(static_cast<long long>(dragOrigins[i].y) + dy);
+        piece.x = MapFile::withinReach(static_cast<long long>(dragOrigins[i].x) + dx);
+        piece.y = MapFile::withinReach(static_cast<long long>(dragOrigins[i].y) + dy);
     }
 }
 
@@ -223,8 +214,8 @@ bool MapEditor::duplicateSelection(int dx, int dy) {
     std::vector<MapPiece> copies;
     for (int index : current.selection) {
         MapPiece copy = current.document.pieces[static_cast<size_t>(index)];
-        copy.x = withinReach(static_cast<long long>(copy.x) + dx);
-        copy.y = withinReach(static_cast<long long>(copy.y) + dy);
+        copy.x = MapFile::withinReach(static_cast<long long>(copy.x) + dx);
+        copy.y = MapFile::withinReach(static_cast<long long>(copy.y) + dy);
         copies.push_back(copy);
     }
     record();
@@ -255,8 +246,8 @@ bool MapEditor::paste(int x, int y) {
     }
     std::vector<MapPiece> copies = clipboard;
     for (MapPiece& copy : copies) {
-        copy.x = withinReach(static_cast<long long>(copy.x) - left + x);
-        copy.y = withinReach(static_cast<long long>(copy.y) - top + y);
+        copy.x = MapFile::withinReach(static_cast<long long>(copy.x) - left + x);
+        copy.y = MapFile::withinReach(static_cast<long long>(copy.y) - top + y);
     }
     record();
     current.selection.clear();
@@ -305,8 +296,8 @@ std::string MapEditor::setProperties(const LevelProperties& properties, bool atL
     changed.green = properties.green;
     changed.blue = properties.blue;
     for (MapPiece& piece : changed.pieces) {
-        piece.x = withinReach(piece.x + shiftX);
-        piece.y = withinReach(piece.y + shiftY);
+        piece.x = MapFile::withinReach(piece.x + shiftX);
+        piece.y = MapFile::withinReach(piece.y + shiftY);
     }
     if (properties.width < 1 || properties.height < 1) {
         return "the width and the height are at least 1";
