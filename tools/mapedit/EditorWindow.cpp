@@ -1,5 +1,6 @@
 #include "EditorWindow.h"
 
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <thread>
@@ -10,6 +11,7 @@ namespace {
 
 const auto kAutosaveEvery = std::chrono::minutes(1);
 const auto kPollEvery = std::chrono::milliseconds(10);
+const auto kRedrawAnyway = std::chrono::milliseconds(500);
 const char* const kPictureFolder = "image/object";
 
 // Every key and mouse action, as F1 shows them.
@@ -73,18 +75,32 @@ void EditorWindow::run(const std::string& path) {
         say(std::string("No pictures in ") + kPictureFolder + ": run mapedit from the game's data folder");
     }
     lastAutosave = std::chrono::steady_clock::now();
+    // The view is drawn again when the mouse or the keys did something, or a message changed; and
+    // now and then in any case. An idle editor leaves the shared machine's processors alone.
+    std::array<int, 5> lastInput{};
+    auto lastDrawn = std::chrono::steady_clock::now() - kRedrawAnyway;
     while (!quitting) {
         if (closeRequested) {
             closeRequested = false;
             unlessUnsaved([this] { quitting = true; });
+            changed = true;
         }
         while (keypressed()) {
             const int pressed = readkey();
             handleKey(pressed >> 8, pressed & 0xff);
+            changed = true;
         }
+        const std::array<int, 5> input{mouse_x, mouse_y, mouse_b, mouse_z, key_shifts};
+        changed = changed || input != lastInput;
+        lastInput = input;
         handleMouse();
         autosaveWhenDue();
-        redraw();
+        const auto now = std::chrono::steady_clock::now();
+        if (changed || now - lastDrawn >= kRedrawAnyway) {
+            redraw();
+            changed = false;
+            lastDrawn = now;
+        }
         std::this_thread::sleep_for(kPollEvery);
     }
 }
@@ -234,7 +250,10 @@ void EditorWindow::playTest() {
 void EditorWindow::updateTitle() {
     const std::string title = "mapedit - " + (mapPath.empty() ? std::string("new level") : mapPath) +
                               (editor.isModified() ? " *" : "");
-    set_window_title(title.c_str());
+    if (title != shownTitle) {
+        shownTitle = title;
+        set_window_title(title.c_str());
+    }
 }
 
 void EditorWindow::redraw() {

@@ -87,7 +87,10 @@ class EditorWindow {
     std::string describeSelection();
     void drawHelp(BITMAP* target) const;
     void updateTitle();
-    void say(const std::string& text) { message = text; }
+    void say(const std::string& text) {
+        message = text;
+        changed = true;
+    }
 
     std::string game;
     EditorView view;
@@ -102,6 +105,8 @@ class EditorWindow {
     bool helpShown = false;
     bool quitting = false;
     std::string message;
+    std::string shownTitle;
+    bool changed = true;  // since the last redraw
     std::optional<EditorPrompt> prompt;
     std::optional<PropertiesForm> form;
 
