@@ -1,6 +1,7 @@
 #include "EditorView.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "MapPreview.h"
 

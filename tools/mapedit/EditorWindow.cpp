@@ -131,6 +131,7 @@ void EditorWindow::newMap() {
     autosavedRevision = editor.getRevision();
     showLevel();
     say("A new level");
+    offerAutosave();
 }
 
 void EditorWindow::showLevel() {
