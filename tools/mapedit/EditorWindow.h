@@ -34,7 +34,10 @@ class EditorWindow {
 
     // Opens the map, or starts a new level when the path is empty; then runs until the author quits.
     void run(const std::string& mapPath);
+    // A layer drawn over the pieces, such as an analysis of the level; it reads the level and the
+    // start point through getEditor(). Not owned: it must outlive run().
     void addOverlay(LevelOverlay* overlay) { view.addOverlay(overlay); }
+    const MapEditor& getEditor() const { return editor; }
 
   private:
     enum MouseMode { MOUSE_IDLE, MOUSE_PRESSED, MOUSE_DRAGGING, MOUSE_BANDING, MOUSE_PANNING };
