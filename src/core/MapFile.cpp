@@ -9,10 +9,6 @@ namespace {
 
 enum PieceKind { PIECE_SOLID = 0, PIECE_DECORATION = 1 };
 
-int withinReach(int coordinate) {
-    return std::clamp(coordinate, -MapFile::kFarthestPiece, MapFile::kFarthestPiece);
-}
-
 }  // namespace
 
 bool MapFile::refuse(const std::string& path, const std::string& reason) {
@@ -21,7 +17,11 @@ bool MapFile::refuse(const std::string& path, const std::string& reason) {
     return false;
 }
 
-std::string MapFile::checkSize(int pieceCount) const {
+int MapFile::withinReach(long long coordinate) {
+    return static_cast<int>(std::clamp<long long>(coordinate, -kFarthestPiece, kFarthestPiece));
+}
+
+std::string MapFile::checkSize(int width, int height, long long pieceCount) {
     // Each side is below 2^31, so their product taken in 64 bits cannot overflow.
     const long long area = static_cast<long long>(std::max(width, 1)) * std::max(height, 1);
     if (area > kMaximumLevelArea) {
@@ -38,15 +38,14 @@ std::string MapFile::checkSize(int pieceCount) const {
 bool MapFile::read(const char* path) {
     refusal.clear();
     pieces.clear();
-    width = height = red = green = blue = 0;
+    leadingNumber = width = height = red = green = blue = 0;
     std::ifstream in(path);
     if (!in.is_open()) {
         return refuse(path, "the file cannot be opened");
     }
-    int ignored = 0;
     int pieceCount = 0;
-    in >> ignored >> width >> height >> red >> green >> blue >> pieceCount;
-    const std::string problem = checkSize(pieceCount);
+    in >> leadingNumber >> width >> height >> red >> green >> blue >> pieceCount;
+    const std::string problem = checkSize(width, height, pieceCount);
     if (!problem.empty()) {
         return refuse(path, problem);
     }
@@ -54,10 +53,9 @@ bool MapFile::read(const char* path) {
     // Declared once for all records: once the stream fails, each record left is the last one again.
     MapPiece piece;
     int kind = 0;
-    int unused = 0;
     for (int i = 0; i < pieceCount; ++i) {
-        in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> unused >> unused >> unused >>
-            unused;
+        in >> piece.image >> piece.layer >> kind >> piece.x >> piece.y >> piece.ignored[0] >>
+            piece.ignored[1] >> piece.ignored[2] >> piece.ignored[3];
         if (kind != PIECE_SOLID && kind != PIECE_DECORATION) {
             continue;
         }

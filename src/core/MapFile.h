@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ struct MapPiece {
     bool solid = false;  // solid pieces collide; the others are decoration
     int x = 0;           // top-left corner, level pixels
     int y = 0;
+    // The record's last four numbers: the game ignores them, and an editor writes them back as read.
+    std::array<int, 4> ignored{};
 };
 
 // A map file, read and checked in full before the level it describes replaces the current one.
@@ -32,6 +35,12 @@ class MapFile {
     // and the world's pixel arithmetic on them stays within an int.
     static constexpr int kFarthestPiece = 1 << 30;  // pixels, either sign
 
+    // Why a level of this size and piece count would be refused, as the end of the refusal line
+    // ("the level area ..."), or empty when it is accepted.
+    static std::string checkSize(int width, int height, long long pieceCount);
+    // The coordinate brought within kFarthestPiece of the origin.
+    static int withinReach(long long coordinate);
+
     // False when the file is refused: it cannot be opened, or its level area or piece count
     // would exhaust memory. Anything else is accepted quietly: fields that cannot be read keep
     // the values they had (0 before the first record), so a file that promises more records
@@ -40,6 +49,8 @@ class MapFile {
     // Why the file was refused, as one line for standard output.
     const std::string& getRefusal() const { return refusal; }
 
+    // The file's first number, which the game ignores.
+    int getLeadingNumber() const { return leadingNumber; }
     int getWidth() const { return width; }
     int getHeight() const { return height; }
     int getRed() const { return red; }
@@ -50,8 +61,8 @@ class MapFile {
 
   private:
     bool refuse(const std::string& path, const std::string& reason);
-    std::string checkSize(int pieceCount) const;
 
+    int leadingNumber = 0;
     int width = 0;
     int height = 0;
     int red = 0;

@@ -5,7 +5,9 @@ namespace Grevan {
 BITMAP* PictureCache::get(const std::string& path) {
     auto known = pictures.find(path);
     if (known == pictures.end()) {
-        known = pictures.emplace(path, load(path.c_str())).first;
+        OwnedBitmap picture = report == FailureReport::QUIET ? OwnedBitmap(load_bitmap(path.c_str(), nullptr))
+                                                             : load(path.c_str());
+        known = pictures.emplace(path, std::move(picture)).first;
     }
     return known->second.get();
 }

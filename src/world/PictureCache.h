@@ -15,7 +15,11 @@ namespace Grevan {
 // them are gone, and before Allegro is.
 class PictureCache {
   public:
-    PictureCache() = default;
+    // Whether a picture that cannot be loaded is reported in a message box. A tool that shows the
+    // failure its own way stays quiet: the box would stop it until someone dismisses it.
+    enum class FailureReport { MESSAGE_BOX, QUIET };
+
+    explicit PictureCache(FailureReport report = FailureReport::MESSAGE_BOX) : report(report) {}
     PictureCache(const PictureCache&) = delete;
     PictureCache& operator=(const PictureCache&) = delete;
 
@@ -30,6 +34,7 @@ class PictureCache {
     static OwnedBitmap load(const char* path);
 
   private:
+    FailureReport report;
     std::unordered_map<std::string, OwnedBitmap> pictures;  // null for a file that could not be loaded
 };
 
