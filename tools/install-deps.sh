@@ -11,6 +11,7 @@ packages=(
   libpng-dev
   xvfb xauth xdotool x11-apps x11-utils imagemagick lua5.4
   python3 libx11-6 libxtst6
+  dpkg-dev lintian desktop-file-utils appstream groff-base man-db
 )
 
 missing=()

@@ -62,22 +62,37 @@ TEST_F(MapView, LevelShowsBackgroundPiecesAndOnlyTheSolidPiecesOutlinesAndAScree
     EXPECT_EQ(getpixel(screen.get(), 300, 300), background);
 }
 
-TEST_F(MapView, PngHoldsTheRenderedPixels) {
+TEST_F(MapView, PngHoldsTheRenderedPixelsAndTheMaskOnlyWhenAskedToHideIt) {
     BitmapPtr plain = preview.renderLevel(false);
-    const std::string path = folder.getPath() + "/tiny.png";
+    const int mask = bitmap_mask_color(plain.get());
+    putpixel(plain.get(), 59, 39, mask);
+    // The pixels of a written picture as RGBA, the alpha of an RGB picture being 255.
+    auto written = [&](PngMask pngMask) {
+        const std::string path = folder.getPath() + "/tiny.png";
+        std::string error;
+        EXPECT_TRUE(writePng(plain.get(), path, error, pngMask)) << error;
+        png_image image{};
+        image.version = PNG_IMAGE_VERSION;
+        EXPECT_TRUE(png_image_begin_read_from_file(&image, path.c_str())) << image.message;
+        EXPECT_EQ(std::make_pair(image.width, image.height), std::make_pair(60u, 40u));
+        image.format = PNG_FORMAT_RGBA;
+        std::vector<png_byte> pixels(PNG_IMAGE_SIZE(image));
+        EXPECT_TRUE(png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr)) << image.message;
+        return pixels;
+    };
+    auto colourAt = [](const std::vector<png_byte>& pixels, int x, int y) {
+        const std::size_t at = (static_cast<std::size_t>(y) * 60 + x) * 4;
+        return std::make_pair(makecol(pixels[at], pixels[at + 1], pixels[at + 2]), int{pixels[at + 3]});
+    };
+    // The background at the first pixel, the solid piece's fill at (25, 14), the mask at the last.
+    const std::vector<png_byte> drawn = written(PNG_MASK_DRAWN);
+    EXPECT_EQ(colourAt(drawn, 0, 0), std::make_pair(background, 255));
+    EXPECT_EQ(colourAt(drawn, 25, 14), std::make_pair(fill, 255));
+    EXPECT_EQ(colourAt(drawn, 59, 39), std::make_pair(mask, 255));
+    const std::vector<png_byte> hidden = written(PNG_MASK_TRANSPARENT);
+    EXPECT_EQ(colourAt(hidden, 25, 14), std::make_pair(fill, 255));
+    EXPECT_EQ(colourAt(hidden, 59, 39).second, 0);
     std::string error;
-    ASSERT_TRUE(writePng(plain.get(), path, error)) << error;
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    ASSERT_TRUE(png_image_begin_read_from_file(&image, path.c_str())) << image.message;
-    image.format = PNG_FORMAT_RGB;
-    std::vector<png_byte> pixels(PNG_IMAGE_SIZE(image));
-    ASSERT_TRUE(png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr)) << image.message;
-    ASSERT_EQ(std::make_pair(image.width, image.height), std::make_pair(60u, 40u));
-    // The first pixel shows the background; (25, 14), inside the solid piece, its fill.
-    EXPECT_EQ(makecol(pixels[0], pixels[1], pixels[2]), background);
-    const std::size_t inside = (14 * 60 + 25) * 3;
-    EXPECT_EQ(makecol(pixels[inside], pixels[inside + 1], pixels[inside + 2]), fill);
     EXPECT_FALSE(writePng(plain.get(), folder.getPath() + "/no/such/folder/x.png", error));
     EXPECT_FALSE(error.empty());
 }

@@ -2,9 +2,9 @@
 // Renders a map file, run from the game's working directory (data/) so that the piece pictures
 // resolve as in the game, to a PNG: the whole level, or with --camera the one 800 x 600 screen
 // whose top-left corner is at X,Y of the level (each within 2^30 pixels of 0, as pieces are).
-// --outlines draws the collision outlines of the solid pieces over them. Exit status: 0 written,
-// 1 the map is refused, the level has no area to draw or the picture cannot be written, 2 wrong
-// usage.
+// --outlines draws the collision outlines of the solid pieces over them. --help prints the usage
+// line and --version the version, both on standard output. Exit status: 0 written, 1 the map is
+// refused, the level has no area to draw or the picture cannot be written, 2 wrong usage.
 
 #include <cstdio>
 #include <cstdlib>
@@ -63,6 +63,14 @@ bool readOptions(int argc, char** argv, Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 2 && std::string(argv[1]) == "--help") {
+        std::cout << kUsage << "\n";
+        return 0;
+    }
+    if (argc == 2 && std::string(argv[1]) == "--version") {
+        std::cout << "mapview (Grevan) " << GREVAN_VERSION << "\n";
+        return 0;
+    }
     Options options;
     if (!readOptions(argc, argv, options)) {
         std::cerr << kUsage << "\n";

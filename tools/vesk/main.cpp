@@ -5,6 +5,7 @@
 // about what the language accepts but the author most likely did not mean; --assets lists every
 // file the script can make the game read. Errors are reported on standard output as the game
 // reports them, and once more on standard error naming the file.
+// --help prints the usage line and --version the version, both on standard output.
 // Exit status: 0 done, 1 script or runtime error (or, with --check --strict, a warning; with
 // --assets, a missing file), 2 wrong usage, 3 stopped after the allowed number of host calls.
 
@@ -109,6 +110,10 @@ int loadAndRun(const Options& options) {
 int main(int argc, char** argv) {
     if (argc == 2 && std::string(argv[1]) == "--help") {
         std::cout << kUsage << "\n";
+        return 0;
+    }
+    if (argc == 2 && std::string(argv[1]) == "--version") {
+        std::cout << "vesk (Grevan) " << GREVAN_VERSION << "\n";
         return 0;
     }
     Options options;
