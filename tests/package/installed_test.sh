@@ -85,7 +85,7 @@ done
 echo "== the tools and the launcher's options"
 [ "$(grevan --version)" = "grevan $version" ] || e2e_fail "grevan --version: $(grevan --version)"
 grevan --help | grep -q '^usage: grevan' || e2e_fail "grevan --help prints no usage"
-for tool in grevan-vesk grevan-mapview; do
+for tool in grevan-vesk grevan-mapview grevan-mapedit; do
     "$tool" --version | grep -qF " $version" || e2e_fail "$tool --version does not say $version"
     "$tool" --help | grep -q '^usage: ' || e2e_fail "$tool --help prints no usage"
 done

@@ -1,5 +1,6 @@
 // mapedit [MAP]          edits a map file, or a new level without one
 // mapedit --list MAP     prints the pieces the game reads from the map, one a line
+// mapedit --help | --version
 // Run from the game's working directory (data/), so that pictures and maps resolve as in the
 // game. Exit status: 0 done, 1 no window could be opened or the map is refused, 2 wrong usage.
 
@@ -17,14 +18,18 @@
 
 namespace {
 
-const char* const kUsage = "usage: mapedit [MAP] | mapedit --list MAP";
+const char* const kUsage = "usage: mapedit [MAP] | mapedit --list MAP | mapedit --help | mapedit --version";
 
-// The game's binary lies beside this one, as both are built into one folder.
-std::string gameBeside() {
+// The game's binary lies beside this one when both are built into one folder; installed, it lies
+// where the install rules put it, relative to this one.
+std::string findGame() {
     char self[PATH_MAX] = {};
     const ssize_t length = readlink("/proc/self/exe", self, sizeof(self) - 1);
-    std::string path = length > 0 ? std::string(self, static_cast<size_t>(length)) : std::string("./mapedit");
-    return path.substr(0, path.rfind('/') + 1) + "grevan";
+    const std::string path =
+        length > 0 ? std::string(self, static_cast<size_t>(length)) : std::string("./mapedit");
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    const std::string beside = folder + "grevan";
+    return access(beside.c_str(), X_OK) == 0 ? beside : folder + GREVAN_INSTALLED_GAME;
 }
 
 int listPieces(const char* path) {
@@ -45,6 +50,14 @@ int listPieces(const char* path) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
+        std::cout << kUsage << "\n";
+        return 0;
+    }
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+        std::cout << "mapedit (Grevan) " << GREVAN_VERSION << "\n";
+        return 0;
+    }
     if (argc == 3 && std::strcmp(argv[1], "--list") == 0) {
         return listPieces(argv[2]);
     }
@@ -66,7 +79,7 @@ int main(int argc, char** argv) {
     }
     show_mouse(screen);
     {
-        EditorWindow window(gameBeside());
+        EditorWindow window(findGame());
         window.run(argc == 2 ? argv[1] : "");
     }
     allegro_exit();
