@@ -42,8 +42,8 @@ class SeenStates {
             grow();
         }
         Slot& slot = find(key);
-        if (!slot.used) {
-            slot = Slot{key, {x, x}, {speed, speed}, true};
+        if (!slot.isUsed()) {
+            slot = Slot{key, {x, x}, {speed, speed}};
             count++;
             return true;
         }
@@ -71,11 +71,14 @@ class SeenStates {
     };
 
     struct Slot {
-        StateKey key{};
+        StateKey key{0, 0, 0, 0, kNoFooting};
         Range x{0.0f, 0.0f};      // pixels
         Range speed{0.0f, 0.0f};  // across, pixels per frame
-        bool used = false;
+
+        bool isUsed() const { return key.footing != kNoFooting; }
     };
+
+    static constexpr std::uint8_t kNoFooting = 0xFF;  // no state has every footing bit set
 
     static constexpr std::size_t kFirstSize = 1 << 16;  // a power of two
 
@@ -92,7 +95,7 @@ class SeenStates {
     Slot& find(const StateKey& key) {
         const std::size_t mask = slots.size() - 1;
         for (std::size_t at = hash(key) & mask;; at = (at + 1) & mask) {
-            if (!slots[at].used || slots[at].key == key) {
+            if (!slots[at].isUsed() || slots[at].key == key) {
                 return slots[at];
             }
         }
@@ -102,7 +105,7 @@ class SeenStates {
         std::vector<Slot> old(slots.size() * 2);
         old.swap(slots);
         for (const Slot& slot : old) {
-            if (slot.used) {
+            if (slot.isUsed()) {
                 find(slot.key) = slot;
             }
         }
@@ -192,6 +195,7 @@ ReachResult ReachAnalysis::run(const ReachLevel& level, ReachPoint start, const 
             break;
         }
         const ReachState from = nodes[at].state;
+        const StateKey fromKey = keyOf(from, bounds);
         const int frame = nodes[at].frame + 1;
         if (frame > bounds.frameLimit) {
             result.bounded = true;
@@ -217,8 +221,8 @@ ReachResult ReachAnalysis::run(const ReachLevel& level, ReachPoint start, const 
             // Holding the same keys, the player may stay within one step of rounding for a few
             // frames (a slow start, the top of a jump): those frames are followed, or it would
             // never leave; a change of keys there counts as a new state only once.
-            const bool stays = input == from.held && key == keyOf(from, bounds) &&
-                               !isSameMotion(next, from) && nodes[at].stay < bounds.stayLimit;
+            const bool stays = input == from.held && key == fromKey && !isSameMotion(next, from) &&
+                               nodes[at].stay < bounds.stayLimit;
             if (!stays && !seen.admit(key, next, bounds)) {
                 continue;
             }

@@ -23,7 +23,7 @@ struct ReachBounds {
     float fallStep = 2.0f;        // pixels per frame, up and down
     float positionMargin = 6.0f;  // pixels: a state of a key seen farther out is followed too
     float speedMargin = 0.2f;     // pixels per frame: and one faster either way, on the ground
-    float airSpeedMargin = 0.5f;  // pixels per frame: likewise in the air
+    float airSpeedMargin = 1.0f;  // pixels per frame: likewise in the air
     int stayLimit = 64;           // frames followed within one step of rounding with the same keys
     int frameLimit = 4000;        // frames from the start, about a minute of play
     int stateLimit = 3000000;     // states kept, about 200 MB

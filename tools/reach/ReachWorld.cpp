@@ -68,7 +68,6 @@ void ReachWorld::restore(const ReachState& state) {
     }
     player->jump(state.jumping);
     held = state.held;
-    blocks.addObject(player);
 }
 
 void ReachWorld::step(ReachInput input) {
