@@ -4,7 +4,7 @@
 
 namespace {
 
-const int kBarThickness = 3;  // picture pixels, above the surface's row
+const int kBarThickness = 4;  // picture pixels, up from the surface's row
 const int kCrossArm = 7;      // picture pixels
 
 int onPicture(int level, int camera, float zoom) {
@@ -13,8 +13,9 @@ int onPicture(int level, int camera, float zoom) {
 
 }  // namespace
 
+// Blue and red stand out against the grass, stone and wood the pieces are made of.
 int reachableColour() {
-    return makecol(40, 230, 60);
+    return makecol(30, 90, 255);
 }
 
 int unreachableColour() {
@@ -26,7 +27,7 @@ int startColour() {
 }
 
 int pathColour() {
-    return makecol(0, 230, 255);
+    return makecol(255, 140, 0);
 }
 
 void drawReachOverlay(BITMAP* target, const ReachResult& result, int cameraX, int cameraY, float zoom,
