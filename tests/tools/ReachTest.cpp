@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "ReachAnalysis.h"
+#include "ReachOverlay.h"
 #include "ReachReplay.h"
 #include "support/HeadlessGame.h"
 
 namespace {
 
+using ReachTest = HeadlessGame;
 using Pieces = std::vector<ReachPiece>;
 
 // The figures below come from the game's constants: a jump is a momentum of 300 on a mass of 50,
@@ -32,7 +35,7 @@ struct KnownCase {
     bool reachable;
 };
 
-TEST_F(HeadlessGame, ReachAnalysisKnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
+TEST_F(ReachTest, ReachAnalysisKnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
     const ReachPiece step{600, 350, 400, 150};  // 150 above the floor, against its right end
     const KnownCase cases[] = {
         {"a ledge 155 above the floor", {kFloor, {300, 345, 120, 24}}, {100, 499}, {360, 340}, true},
@@ -70,6 +73,33 @@ TEST_F(HeadlessGame, ReachAnalysisKnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
         EXPECT_EQ(result.spans[span].reachable, known.reachable) << known.what;
         EXPECT_FALSE(result.bounded) << known.what;
     }
+}
+
+// The editor draws the overlay over a view with a camera and a zoom: a level point p lands on
+// (p - camera) * zoom, bars end where the next level pixel starts, and the start is a cross.
+TEST_F(ReachTest, ReachOverlayPlacesSpansAndStartThroughCameraAndZoom) {
+    ReachResult result;
+    result.start = ReachPoint{30, 40};
+    result.spans = {{ReachSpan{20, 44, 50}, true, {}}, {ReachSpan{45, 60, 50}, false, {}}};
+    BITMAP* view = create_bitmap(100, 100);
+    clear_to_color(view, 0);
+    drawReachOverlay(view, result, 10, 20, 2.0f, {{30, 40}, {40, 40}});
+    // x, y on the view and the colour expected there.
+    const std::tuple<int, int, int> pixels[] = {
+        {19, 60, 0},                    // left of the first span: (20 - 10) * 2 = 20
+        {20, 60, reachableColour()},    // the surface's row: (50 - 20) * 2
+        {69, 57, reachableColour()},    // the last pixel of the first span: (45 - 10) * 2 - 1, bar top
+        {69, 56, 0},                    // above the bar
+        {70, 60, unreachableColour()},  // the second span
+        {99, 60, unreachableColour()},  // (60 - 10) * 2 lies beyond the view
+        {40, 40, startColour()},        // the start: (30 - 10) * 2, (40 - 20) * 2
+        {47, 41, startColour()},        // an arm of the cross, thick 3
+        {55, 40, pathColour()},         // the path to (40, 40): (60, 40)
+    };
+    for (auto [x, y, colour] : pixels) {
+        EXPECT_EQ(getpixel(view, x, y), colour) << x << ", " << y;
+    }
+    destroy_bitmap(view);
 }
 
 // Where the level scripts put their characters and boxes (data/script/levels/*.fb), read off the
@@ -134,7 +164,7 @@ const ShippedLevel kShippedLevels[] = {
 
 // Each span the analysis calls reachable, the game's own loop puts the player on by the witness,
 // and every box and opponent of the campaign is where the hero can go (or listed with why not).
-TEST_F(HeadlessGame, ShippedLevelsWitnessesReplayAndEveryBoxAndOpponentCanBeReached) {
+TEST_F(ReachTest, ShippedLevelsWitnessesReplayAndEveryBoxAndOpponentCanBeReached) {
     BITMAP* small = create_bitmap(8, 8);  // replays need no picture of the frames
     ReachAnalysis analysis;
     for (const ShippedLevel& shipped : kShippedLevels) {
