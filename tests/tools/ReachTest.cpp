@@ -35,7 +35,7 @@ struct KnownCase {
     bool reachable;
 };
 
-TEST_F(ReachTest, ReachAnalysisKnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
+TEST_F(ReachTest, KnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
     const ReachPiece step{600, 350, 400, 150};  // 150 above the floor, against its right end
     const KnownCase cases[] = {
         {"a ledge 155 above the floor", {kFloor, {300, 345, 120, 24}}, {100, 499}, {360, 340}, true},
@@ -77,7 +77,7 @@ TEST_F(ReachTest, ReachAnalysisKnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
 
 // The editor draws the overlay over a view with a camera and a zoom: a level point p lands on
 // (p - camera) * zoom, bars end where the next level pixel starts, and the start is a cross.
-TEST_F(ReachTest, ReachOverlayPlacesSpansAndStartThroughCameraAndZoom) {
+TEST_F(ReachTest, OverlayPlacesSpansStartAndPathThroughCameraAndZoom) {
     ReachResult result;
     result.start = ReachPoint{30, 40};
     result.spans = {{ReachSpan{20, 44, 50}, true, {}}, {ReachSpan{45, 60, 50}, false, {}}};
