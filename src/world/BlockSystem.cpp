@@ -27,17 +27,21 @@ void checkPoint(BITMAP* map, int x, int y, int) {
 }
 
 void BlockSystem::initialize(int width, int height) {
-    cleanup();
+    initializeGrid(width, height);
     // A map file may give a level no area; it then has the spare cells alone and no outlines.
-    columns = static_cast<unsigned>(std::max(width, 0) / cellWidth) + kSpareCells;
-    rows = static_cast<unsigned>(std::max(height, 0) / cellHeight) + kSpareCells;
-    cells.resize(static_cast<size_t>(rows) * columns);
     if (width > 0 && height > 0) {
         blockMap = create_bitmap(width, height);
     }
     if (blockMap) {
         clear_bitmap(blockMap);
     }
+}
+
+void BlockSystem::initializeGrid(int width, int height) {
+    cleanup();
+    columns = static_cast<unsigned>(std::max(width, 0) / cellWidth) + kSpareCells;
+    rows = static_cast<unsigned>(std::max(height, 0) / cellHeight) + kSpareCells;
+    cells.resize(static_cast<size_t>(rows) * columns);
     defaultColour = makecol(255, 255, 255);
     iterating = false;
 }

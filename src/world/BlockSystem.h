@@ -44,6 +44,9 @@ class BlockSystem {
     // (pixels). The map loader bounds the area, a side of 0 or less counted as one pixel, and with
     // it both the block map and the grid; a level without area gets no block map.
     void initialize(int width, int height);
+    // The grid alone, without the block map: for a world that asks no line queries, where
+    // outlining every move would be wasted work.
+    void initializeGrid(int width, int height);
     // Frees the grid and the block map; must run while Allegro is still up.
     void cleanup();
 

@@ -8,7 +8,7 @@
 
 namespace Grevan {
 
-int Object::objectIdGenerator = 1;
+std::atomic<int> Object::objectIdGenerator{1};
 
 Object::Object() : id(objectIdGenerator++) {}
 

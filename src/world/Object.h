@@ -2,6 +2,7 @@
 
 #include <allegro.h>
 
+#include <atomic>
 #include <vector>
 
 #include "world/MapLayer.h"
@@ -111,7 +112,8 @@ class Object {
 
     OwnedBitmap ownImage;  // null while the picture is shared or there is none
 
-    static int objectIdGenerator;
+    // Atomic: tools build worlds of their own on worker threads while the game builds its own.
+    static std::atomic<int> objectIdGenerator;
     // The bodies whose board this object is, kept by RealBody::setBoard; they lose their
     // footing when this object is deleted.
     std::vector<RealBody*> standers;

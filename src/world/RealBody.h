@@ -38,6 +38,8 @@ class RealBody : public Object {
     void releaseRoad();
 
     float getSlidingFriction() const { return slidingFriction; }
+    // For tools that put a body back into a state it was in: landing is what sets it in play.
+    void setSlidingFriction(float f) { slidingFriction = f; }
     bool isBouncy() const { return bouncy; }
     void setBouncy(bool b) { bouncy = b; }
 

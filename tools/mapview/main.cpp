@@ -1,10 +1,13 @@
-// mapview [--outlines] [--camera X,Y] MAP PICTURE.png
+// mapview [--outlines] [--camera X,Y] [--reach X,Y [--must-reach X,Y]...] MAP PICTURE.png
 // Renders a map file, run from the game's working directory (data/) so that the piece pictures
 // resolve as in the game, to a PNG: the whole level, or with --camera the one 800 x 600 screen
 // whose top-left corner is at X,Y of the level (each within 2^30 pixels of 0, as pieces are).
-// --outlines draws the collision outlines of the solid pieces over them. --help prints the usage
-// line and --version the version, both on standard output. Exit status: 0 written, 1 the map is
-// refused, the level has no area to draw or the picture cannot be written, 2 wrong usage.
+// --outlines draws the collision outlines of the solid pieces over them. --reach draws which
+// surfaces a player whose feet start at X,Y can stand on, and prints one line per span;
+// --must-reach names a point whose surface (the first at or below it) must be among them.
+// --help prints the usage line and --version the version, both on standard output.
+// Exit status: 0 written, 1 the map is refused, the level has no area to draw or the picture
+// cannot be written, 2 wrong usage, 3 written but a point that must be reached is not.
 
 #include <cstdio>
 #include <cstdlib>
@@ -14,17 +17,23 @@
 
 #include "MapPreview.h"
 #include "PngWriter.h"
+#include "ReachAnalysis.h"
+#include "ReachOverlay.h"
 #include "core/MapFile.h"
 
 namespace {
 
-const char* const kUsage = "usage: mapview [--outlines] [--camera X,Y] MAP PICTURE.png";
+const char* const kUsage =
+    "usage: mapview [--outlines] [--camera X,Y] [--reach X,Y [--must-reach X,Y]...] MAP PICTURE.png";
 
 struct Options {
     bool outlines = false;
     bool camera = false;
     int cameraX = 0;
     int cameraY = 0;
+    bool reach = false;
+    ReachPoint start;
+    std::vector<ReachPoint> mustReach;
     std::vector<std::string> operands;
 };
 
@@ -34,12 +43,12 @@ bool isWithinReach(int coordinate) {
     return -Grevan::MapFile::kFarthestPiece <= coordinate && coordinate <= Grevan::MapFile::kFarthestPiece;
 }
 
-bool readCamera(const std::string& text, Options& options) {
+// X,Y: two integers within 2^30 of 0.
+bool readPoint(const std::string& text, int& x, int& y) {
     char comma = 0;
     char rest = 0;
-    options.camera = true;
-    return std::sscanf(text.c_str(), "%d%c%d%c", &options.cameraX, &comma, &options.cameraY, &rest) == 3 &&
-           comma == ',' && isWithinReach(options.cameraX) && isWithinReach(options.cameraY);
+    return std::sscanf(text.c_str(), "%d%c%d%c", &x, &comma, &y, &rest) == 3 && comma == ',' &&
+           isWithinReach(x) && isWithinReach(y);
 }
 
 bool readOptions(int argc, char** argv, Options& options) {
@@ -48,7 +57,18 @@ bool readOptions(int argc, char** argv, Options& options) {
         if (argument == "--outlines" && !options.outlines) {
             options.outlines = true;
         } else if (argument == "--camera" && !options.camera && i + 1 < argc) {
-            if (!readCamera(argv[++i], options)) {
+            options.camera = true;
+            if (!readPoint(argv[++i], options.cameraX, options.cameraY)) {
+                return false;
+            }
+        } else if (argument == "--reach" && !options.reach && i + 1 < argc) {
+            options.reach = true;
+            if (!readPoint(argv[++i], options.start.x, options.start.y)) {
+                return false;
+            }
+        } else if (argument == "--must-reach" && i + 1 < argc) {
+            options.mustReach.emplace_back();
+            if (!readPoint(argv[++i], options.mustReach.back().x, options.mustReach.back().y)) {
                 return false;
             }
         } else if (argument.size() > 1 && argument[0] == '-') {
@@ -57,7 +77,38 @@ bool readOptions(int argc, char** argv, Options& options) {
             options.operands.push_back(argument);
         }
     }
-    return options.operands.size() == 2;
+    return options.operands.size() == 2 && (options.reach || options.mustReach.empty());
+}
+
+// One line per span on standard output; the search's limits, when it met them, on standard error.
+void printSpans(const ReachResult& result) {
+    for (const ReachSpanResult& found : result.spans) {
+        const ReachSpan& span = found.span;
+        std::printf("%s %d-%d %d", found.reachable ? "reachable" : "unreachable", span.left, span.right,
+                    span.y);
+        if (found.reachable) {
+            std::printf(" frames %zu", found.witness.size());
+        }
+        std::printf("\n");
+    }
+    if (result.bounded) {
+        std::fprintf(stderr, "mapview: the search stopped at its limit after %d states and %d frames\n",
+                     result.states, result.frames);
+    }
+}
+
+// Names each point whose surface cannot be reached; true when there is none.
+bool checkMustReach(const Options& options, const ReachLevel& level, const ReachResult& result) {
+    bool allReached = true;
+    for (const ReachPoint& point : options.mustReach) {
+        const int span = level.spanBelow(point.x, point.y);
+        if (span < 0 || !result.spans[static_cast<std::size_t>(span)].reachable) {
+            std::fprintf(stderr, "mapview: %d,%d cannot be reached from %d,%d%s\n", point.x, point.y,
+                         options.start.x, options.start.y, span < 0 ? ": there is no surface below it" : "");
+            allReached = false;
+        }
+    }
+    return allReached;
 }
 
 }  // namespace
@@ -101,9 +152,19 @@ int main(int argc, char** argv) {
         std::cerr << "mapview: no memory for a picture of that size\n";
         return 1;
     }
+    bool reached = true;
+    if (options.reach) {
+        const ReachLevel level = ReachLevel::of(game);
+        ReachAnalysis analysis;
+        const ReachResult result = analysis.run(level, options.start);
+        drawReachOverlay(picture.get(), result, options.camera ? options.cameraX : 0,
+                         options.camera ? options.cameraY : 0, 1.0f);
+        printSpans(result);
+        reached = checkMustReach(options, level, result);
+    }
     if (!writePng(picture.get(), options.operands[1], error)) {
         std::cerr << "mapview: cannot write " << options.operands[1] << ": " << error << "\n";
         return 1;
     }
-    return 0;
+    return reached ? 0 : 3;
 }
