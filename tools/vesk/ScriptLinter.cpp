@@ -330,7 +330,7 @@ void ScriptLinter::noteCall(const VeskToken& name, std::vector<ArgumentTexts::Ar
         warn(name.line, reads + ": the game reads only the last " +
                             (function->arity == 1 ? std::string("one") : std::to_string(function->arity)));
     }
-    if (std::string(function->name) == "system") {
+    if (function->kinds[0] == ARGUMENT_COMMAND) {
         warn(name.line,
              "system runs a shell command on the player's machine; only trusted scripts should "
              "be played");
