@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "script/VeskError.h"
 #include "script/VeskRuntimeException.h"
 #include "script/VeskStopException.h"
 #include "script/VeskSyntaxException.h"
@@ -122,8 +123,15 @@ class VeskScript {
     // Errors
     // The line that gives an error text no line part.
     static const int kNoLine = -1;
+    // Records an error of the file being loaded, if any.
     void setLastError(const std::string& error, const std::string& detail, int line);
     std::string getLastError() const;
+    // The parts the last error is made of, with the file it lies in: for a syntax error the file
+    // being read (an imported file's own, however deep the import), for a runtime error the file
+    // that defines the function it names.
+    const VeskError& getLastErrorParts() const {
+        return lastErrorParts;
+    }
 
     // The function table's and the global table's entry for an upper-case name, or null.
     VeskSyntaxNode* findFunction(const std::string& name) const;
@@ -134,6 +142,12 @@ class VeskScript {
     VeskVariable* newVariable();
     void deleteNode(VeskSyntaxNode* node);
     void deleteVariable(VeskVariable* variable);
+
+    void recordError(VeskError parts);
+    // The file being loaded; empty outside load.
+    std::string currentFile() const {
+        return loading.empty() ? "" : loading.back();
+    }
 
     // Parser helpers
     VeskSyntaxNode* newStatement(VeskSyntaxNode* block, const VeskToken& token);
@@ -232,6 +246,11 @@ class VeskScript {
     std::map<std::string, VeskVariable*> globals;
     std::vector<VeskVariable> runtimeStack;
     std::string lastError;
+    VeskError lastErrorParts;
+    // The file each script function was defined in, for runtime errors.
+    std::map<std::string, std::string> definingFiles;
+    // A fault inside an imported file, kept while the failed IMPORT unwinds to its file's parse.
+    std::optional<VeskError> importFault;
 
     // Every node and variable the engine made, freed on destruction whatever state a failed parse
     // left the trees in.

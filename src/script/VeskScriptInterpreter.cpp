@@ -20,7 +20,9 @@ bool VeskScript::run(std::string name) {
     try {
         invokeFunction(name, 0);
     } catch (const VeskRuntimeException& e) {
-        setLastError(e.function + ": " + e.error, e.detail, e.line);
+        auto defined = definingFiles.find(e.function);
+        recordError(
+            {e.error, e.detail, e.function, defined == definingFiles.end() ? "" : defined->second, e.line});
         return false;
     }
     return true;

@@ -45,11 +45,6 @@ int lineCount(const std::string& text) {
 
 }  // namespace
 
-std::string ScriptLinter::fileDefining(const std::string& function) const {
-    auto found = definitions.find(function);
-    return found == definitions.end() ? "" : found->second;
-}
-
 void ScriptLinter::warn(int line, const std::string& text) {
     warnings << currentFile << ':' << line << ": warning: " << text << '\n';
     ++warningCount;
@@ -284,7 +279,6 @@ void ScriptLinter::noteFunction(const Tokens& line) {
     loopDepth = 0;
     bareDos.clear();
     currentFunction = line.size() > 1 ? line[1].text : "";
-    definitions.emplace(currentFunction, currentFile);
     std::vector<std::string> parameters;
     for (std::size_t i = 2; i < line.size(); ++i) {
         if (line[i].id == TokenName) {

@@ -31,8 +31,6 @@ class ScriptLinter {
     const std::vector<std::string>& getScripts() const { return scripts; }
     // Every call of a function, the host's and the script's, with what its arguments can hold.
     const ArgumentTexts& getTexts() const { return texts; }
-    // The file that defines a script function, by upper-case name; empty when none does.
-    std::string fileDefining(const std::string& function) const;
 
   private:
     using Tokens = std::vector<VeskToken>;
@@ -60,5 +58,4 @@ class ScriptLinter {
     std::set<std::string> visited;
     std::string currentFunction;  // upper case; empty outside a function
     ArgumentTexts texts;
-    std::map<std::string, std::string> definitions;
 };
