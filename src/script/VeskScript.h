@@ -98,6 +98,15 @@ class VeskScript {
     static const int kNotAnOperator = -1;
 
     // Interpreter
+    // Whether the interpreter takes its fast paths: plain 32-bit arithmetic for a tree of integers,
+    // and shortcuts for comparisons, SELECT and arguments. Each gives what the general rule gives;
+    // a build with VESK_GENERAL_PATH_ONLY takes none, so that the language cases hold both ways of
+    // running a script to the same output.
+#ifdef VESK_GENERAL_PATH_ONLY
+    static constexpr bool kFastPaths = false;
+#else
+    static constexpr bool kFastPaths = true;
+#endif
     bool run(std::string name);
     VeskVariable invokeFunction(std::string name, int argumentCount);
     VeskVariable call(VeskSyntaxNode* callNode);
@@ -198,7 +207,6 @@ class VeskScript {
     [[noreturn]] __attribute__((noinline, cold)) void throwUnknownSyntax(VeskSyntaxNode* statement);
     VeskCompletion interpretBlock(VeskSyntaxNode* block);
     VeskCompletion interpretLoop(VeskSyntaxNode* loop);
-    VeskCompletion interpretFor(VeskSyntaxNode* loop);
     VeskCompletion interpretSelect(VeskSyntaxNode* select);
     bool caseMatches(VeskSyntaxNode* test, const VeskVariable& selector);
     void assign(VeskSyntaxNode* statement);
@@ -215,6 +223,12 @@ class VeskScript {
     const VeskVariable& operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
                                      bool tryInteger);
     bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
+    // The one decision for the integer path: an expression without calls whose leaves all hold
+    // integers is computed into `value`, as the general rule would compute it. False leaves the
+    // expression to the general path.
+    bool integerPath(VeskSyntaxNode* expression, std::int32_t& value) {
+        return kFastPaths && !expression->hasCall && tryIntegerExpression(expression, value);
+    }
     // A variable's storage or a constant's value, read in place.
     const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
         return leaf->kind == NodeVariable ? *runtimeVariable(leaf) : *leaf->variable;

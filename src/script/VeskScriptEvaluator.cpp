@@ -216,12 +216,13 @@ const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariab
 void VeskScript::evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger) {
     checkStack(operation);
     std::int32_t integer;
-    if (tryInteger && !operation->hasCall) {
-        if (tryIntegerExpression(operation, integer)) {
+    if (tryInteger) {
+        if (integerPath(operation, integer)) {
             result.storeInteger(integer);
             return;
         }
-        tryInteger = false;
+        // A tree with a call may still hold subtrees of integers without one.
+        tryInteger = operation->hasCall;
     }
     std::optional<VeskVariable> leftScratch;
     const VeskVariable* left = &operandValue(operation->left, leftScratch, tryInteger);
@@ -278,12 +279,12 @@ bool VeskScript::tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value)
 
 bool VeskScript::conditionHolds(VeskSyntaxNode* expression) {
     std::int32_t integer;
-    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+    if (integerPath(expression, integer)) {
         return integer != 0;
     }
     // A CASE arm's test, or any = and <> of two variables or constants, straight from storage.
     const int op = expression->op;
-    if (expression->kind == NodeOperation && (op == OperatorEqual || op == OperatorNotEqual) &&
+    if (kFastPaths && expression->kind == NodeOperation && (op == OperatorEqual || op == OperatorNotEqual) &&
         expression->left->isLeaf() && expression->right->isLeaf()) {
         return leafValue(expression->left).equals(leafValue(expression->right)) == (op == OperatorEqual);
     }

@@ -112,14 +112,14 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
 
 // All arguments are evaluated before any is pushed, so that a call inside an argument runs against
 // the stack as the caller left it. Without such a call after the first argument nothing can tell
-// the difference, and each value goes straight onto the stack.
+// the difference, and the fast path pushes each value straight onto the stack.
 __attribute__((always_inline)) inline void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
     std::vector<VeskSyntaxNode*>& arguments = callNode->arguments;
     bool laterCall = false;
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         laterCall = laterCall || arguments[i]->hasCall;
     }
-    if (!laterCall) {
+    if (kFastPaths && !laterCall) {
         for (VeskSyntaxNode* argument : arguments) {
             pushValue(argument);
         }
@@ -141,7 +141,7 @@ __attribute__((always_inline)) inline void VeskScript::pushValue(VeskSyntaxNode*
         return;
     }
     std::int32_t integer;
-    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+    if (integerPath(expression, integer)) {
         runtimeStack.emplace_back().storeInteger(integer);
         return;
     }
@@ -243,9 +243,6 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     if (!block) {
         return CompletionNormal;
     }
-    if (loop->op == TokenFor) {
-        return interpretFor(loop);
-    }
     const bool repeatWhileTrue = loop->body != nullptr;
     VeskCompletion code = CompletionNormal;
     for (;;) {
@@ -262,67 +259,12 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     return code == CompletionLeaveLoop ? CompletionNormal : code;
 }
 
-// The general loop above, for the shape FOR builds: the condition compares the loop variable with
-// the limit, and the block ends with the increment. While the variable, the limit and the step are
-// integers, the test and the increment are done here directly; everything else takes the general
-// path, so the results are the same.
-VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
-    VeskSyntaxNode* condition = loop->expr;
-    std::vector<VeskSyntaxNode*>& statements = loop->body->statements;
-    VeskSyntaxNode* increment = statements.back();
-    VeskSyntaxNode* step = increment->expr->right;
-    const std::size_t bodyLength = statements.size() - 1;
-    VeskCompletion code = CompletionNormal;
-    for (;;) {
-        countInstruction();
-        const VeskVariable* counter = runtimeVariable(condition->left);
-        std::int32_t limit;
-        bool holds;
-        if (counter->type == VeskVariable::TypeInteger && tryIntegerOperand(condition->right, limit)) {
-            holds = condition->op == OperatorLessEqual ? counter->integerValue <= limit
-                                                       : counter->integerValue >= limit;
-        } else {
-            holds = conditionHolds(condition);
-        }
-        if (!holds) {
-            break;
-        }
-        // Here, not before the test: there the same check made the loops benchmark a tenth slower.
-        checkStop();
-        countInstruction();
-        code = CompletionNormal;
-        for (std::size_t i = 0; i < bodyLength && code == CompletionNormal; ++i) {
-            VeskSyntaxNode* statement = statements[i];
-            if (statement->kind == NodeAssign) {
-                countInstruction();
-                assign(statement);
-            } else {
-                code = interpret(statement);
-            }
-        }
-        if (code == CompletionNormal) {
-            VeskVariable* variable = runtimeVariable(increment);
-            std::int32_t by;
-            if (variable->type == VeskVariable::TypeInteger && tryIntegerOperand(step, by)) {
-                variable->storeInteger(static_cast<std::int32_t>(
-                    static_cast<std::uint32_t>(variable->integerValue) + static_cast<std::uint32_t>(by)));
-            } else {
-                interpret(increment);
-            }
-        }
-        if (code >= CompletionLeaveLoop) {
-            break;
-        }
-    }
-    return code == CompletionLeaveLoop ? CompletionNormal : code;
-}
-
 // The arms run in order until one returns a code; the implicit EXIT at the end of each arm's block
 // makes a matching arm the last. A selector without calls gives the same value for every comparison,
 // so it is evaluated once and compared with each arm's constants directly.
 VeskCompletion VeskScript::interpretSelect(VeskSyntaxNode* select) {
     VeskCompletion code = CompletionNormal;
-    if (select->expr && !select->expr->hasCall) {
+    if (kFastPaths && select->expr && !select->expr->hasCall) {
         VeskVariable scratch;
         const VeskVariable& selector = evaluateOperand(select->expr, scratch, true);
         for (VeskSyntaxNode* arm : select->statements) {
@@ -359,7 +301,7 @@ void VeskScript::assign(VeskSyntaxNode* statement) {
         return;
     }
     std::int32_t integer;
-    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
+    if (integerPath(expression, integer)) {
         runtimeVariable(statement)->storeInteger(integer);
         return;
     }
