@@ -18,7 +18,7 @@ local function Main()
   Score = 0
   Hits = 0
   Total = 0
-  for I = 1, 2000000 do
+  for I = 1, 4000000 do
     Total = (Total + Hit(I % 5, I % 640, I % 480, 3)) % 1000003
   end
   print(Score .. " " .. Hits .. " " .. Total)

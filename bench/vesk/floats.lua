@@ -3,7 +3,7 @@ local function Main()
   local X, Y, Fx, Fy, D, Acc, Near
   Acc = 0.0
   Near = 0
-  for Y = 1, 1000 do
+  for Y = 1, 4000 do
     Fy = 0.5 * Y
     for X = 1, 2500 do
       Fx = 0.25 * X

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cassert>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "script/VeskError.h"
+#include "script/VeskNumber.h"
 #include "script/VeskRuntimeException.h"
 #include "script/VeskStopException.h"
 #include "script/VeskSyntaxException.h"
@@ -200,6 +202,7 @@ class VeskScript {
         return node->variable;
     }
     bool conditionHolds(VeskSyntaxNode* expression);
+    bool conditionHoldsGenerally(VeskSyntaxNode* expression);
     // The rare cases of interpret, kept out of it so that it stays small: it runs every statement.
     __attribute__((noinline, cold)) void traceOperation(VeskSyntaxNode* operation);
     [[noreturn]] __attribute__((noinline, cold)) void throwCallFault(const char* error,
@@ -207,9 +210,19 @@ class VeskScript {
     [[noreturn]] __attribute__((noinline, cold)) void throwUnknownSyntax(VeskSyntaxNode* statement);
     VeskCompletion interpretBlock(VeskSyntaxNode* block);
     VeskCompletion interpretLoop(VeskSyntaxNode* loop);
+    VeskCompletion interpretFor(VeskSyntaxNode* loop);
     VeskCompletion interpretSelect(VeskSyntaxNode* select);
     bool caseMatches(VeskSyntaxNode* test, const VeskVariable& selector);
-    void assign(VeskSyntaxNode* statement);
+    // The whole value replaces the variable's, its type and flags included.
+    void assign(VeskSyntaxNode* statement) {
+        VeskNumber number;
+        if (!statement->expr->isLeaf() && numberPath(statement->expr, number)) {
+            number.storeInto(*runtimeVariable(statement));
+            return;
+        }
+        assignGenerally(statement);
+    }
+    void assignGenerally(VeskSyntaxNode* statement);
     void pushArguments(VeskSyntaxNode* callNode);
     void pushValue(VeskSyntaxNode* expression);
     // Throws "Stack overflow" when the machine stack has grown past the interpreter's budget.
@@ -218,33 +231,65 @@ class VeskScript {
             throwCallFault("Stack overflow", node->function ? node->function : node);
         }
     }
-    const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
-    void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
+    const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryNumbers);
+    void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryNumbers);
     const VeskVariable& operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
-                                     bool tryInteger);
+                                     bool tryNumbers);
+    bool tryNumberExpression(VeskSyntaxNode* node, VeskNumber& value);
     bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
-    // The one decision for the integer path: an expression without calls whose leaves all hold
-    // integers is computed into `value`, as the general rule would compute it. False leaves the
-    // expression to the general path.
-    bool integerPath(VeskSyntaxNode* expression, std::int32_t& value) {
-        return kFastPaths && !expression->hasCall && tryIntegerExpression(expression, value);
-    }
-    // A variable's storage or a constant's value, read in place.
-    const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
-        return leaf->kind == NodeVariable ? *runtimeVariable(leaf) : *leaf->variable;
-    }
-    // tryIntegerExpression with the leaves, which most operands are, read without a call.
     bool tryIntegerOperand(VeskSyntaxNode* node, std::int32_t& value) {
-        const VeskVariable* leaf;
-        if (node->kind == NodeVariable) {
-            leaf = runtimeVariable(node);
-        } else if (node->kind == NodeConstant) {
-            leaf = node->variable;
-        } else {
+        if (!node->isLeaf()) {
             return tryIntegerExpression(node, value);
         }
-        value = leaf->integerValue;
-        return leaf->type == VeskVariable::TypeInteger;
+        const VeskVariable& leaf = leafValue(node);
+        value = leaf.integerValue;
+        return leaf.type == VeskVariable::TypeInteger;
+    }
+    // The one decision for the number path: an expression without calls whose leaves all hold
+    // integers or floats is computed into `value`, as the general rule would compute it. False
+    // leaves the expression to the general path.
+    bool numberPath(VeskSyntaxNode* expression, VeskNumber& value) {
+        if (!kFastPaths || expression->hasCall) {
+            return false;
+        }
+        // Integers first: most trees hold nothing else, and their walk is the shorter one.
+        value.isFloat = false;
+        if (expression->leafOperands ? tryIntegerLeaves(expression, value.integer)
+                                     : tryIntegerExpression(expression, value.integer)) {
+            return true;
+        }
+        return tryNumberExpression(expression, value);
+    }
+    // An operation on two leaves that hold integers, computed without a call: a loop's test and
+    // step are such operations.
+    bool tryIntegerLeaves(VeskSyntaxNode* operation, std::int32_t& value) {
+        const VeskVariable& left = leafValue(operation->left);
+        const VeskVariable& right = leafValue(operation->right);
+        return left.type == VeskVariable::TypeInteger && right.type == VeskVariable::TypeInteger &&
+               integerOperation(operation, left.integerValue, right.integerValue, value);
+    }
+    // Whether a condition holds, its number path inline: for the loops, whose test runs on every
+    // pass. conditionHolds is the same, out of line.
+    bool holds(VeskSyntaxNode* condition) {
+        VeskNumber number;
+        if (numberPath(condition, number)) {
+            return number.asInteger() != 0;
+        }
+        return conditionHoldsGenerally(condition);
+    }
+    // A variable's storage or a constant's value, read in place: a constant's frameSlot is
+    // kGlobalSlot, so its `variable` is found as a global's is, without a test of the kind.
+    const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
+        assert(leaf->isLeaf() &&
+               (leaf->kind == NodeVariable || leaf->frameSlot == VeskSyntaxNode::kGlobalSlot));
+        return *runtimeVariable(leaf);
+    }
+    // tryNumberExpression with the leaves, which most operands are, read without a call.
+    bool tryNumberOperand(VeskSyntaxNode* node, VeskNumber& value) {
+        if (!node->isLeaf()) {
+            return tryNumberExpression(node, value);
+        }
+        return value.read(leafValue(node));
     }
     void countInstruction();
     // A relaxed load per loop pass or call: the benchmarks cannot tell it from nothing.

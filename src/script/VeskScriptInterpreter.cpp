@@ -140,9 +140,9 @@ __attribute__((always_inline)) inline void VeskScript::pushValue(VeskSyntaxNode*
         runtimeStack.push_back(leafValue(expression));
         return;
     }
-    std::int32_t integer;
-    if (integerPath(expression, integer)) {
-        runtimeStack.emplace_back().storeInteger(integer);
+    VeskNumber number;
+    if (numberPath(expression, number)) {
+        number.storeInto(runtimeStack.emplace_back());
         return;
     }
     runtimeStack.push_back(evaluate(expression));
@@ -243,15 +243,53 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     if (!block) {
         return CompletionNormal;
     }
+    if (loop->op == TokenFor) {
+        return interpretFor(loop);
+    }
     const bool repeatWhileTrue = loop->body != nullptr;
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        if (conditionHolds(loop->expr) != repeatWhileTrue) {
+        if (holds(loop->expr) != repeatWhileTrue) {
             break;
         }
         checkStop();
         code = interpretBlock(block);
+        if (code >= CompletionLeaveLoop) {
+            break;
+        }
+    }
+    return code == CompletionLeaveLoop ? CompletionNormal : code;
+}
+
+// The general loop above, for the shape FOR builds: the condition compares the counter with the
+// limit, and the block ends with the increment. The assignments, the increment among them, run
+// here without a statement's dispatch; their values take the number path like any other's.
+VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
+    std::vector<VeskSyntaxNode*>& statements = loop->body->statements;
+    VeskSyntaxNode* increment = statements.back();
+    const std::size_t bodyLength = statements.size() - 1;
+    VeskCompletion code = CompletionNormal;
+    for (;;) {
+        countInstruction();
+        if (!holds(loop->expr)) {
+            break;
+        }
+        checkStop();
+        code = CompletionNormal;
+        for (std::size_t i = 0; i < bodyLength && code == CompletionNormal; ++i) {
+            VeskSyntaxNode* statement = statements[i];
+            if (statement->kind == NodeAssign) {
+                countInstruction();
+                assign(statement);
+            } else {
+                code = interpret(statement);
+            }
+        }
+        if (code == CompletionNormal) {
+            countInstruction();
+            assign(increment);
+        }
         if (code >= CompletionLeaveLoop) {
             break;
         }
@@ -291,18 +329,14 @@ bool VeskScript::caseMatches(VeskSyntaxNode* test, const VeskVariable& selector)
     return selector.equals(*test->right->variable);
 }
 
-// The whole value replaces the variable's, its type and flags included.
-void VeskScript::assign(VeskSyntaxNode* statement) {
+// assign's general path: a leaf is copied whole, its flags included; anything else the number path
+// does not take is evaluated the general way.
+void VeskScript::assignGenerally(VeskSyntaxNode* statement) {
     VeskSyntaxNode* expression = statement->expr;
     if (expression->isLeaf()) {
         VeskVariable scratch;
         const VeskVariable& value = evaluateOperand(expression, scratch, false);
         *runtimeVariable(statement) = value;
-        return;
-    }
-    std::int32_t integer;
-    if (integerPath(expression, integer)) {
-        runtimeVariable(statement)->storeInteger(integer);
         return;
     }
     // The target is looked up only after the value: a call in the expression may move the stack.
