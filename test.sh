@@ -5,6 +5,7 @@
 #                playing a scripted scene under Xvfb, and a 60-second soak of the real game on the
 #                shipped data (tools/soak.sh)
 #   build-tsan/  ThreadSanitizer: the tests where the two threads meet, and the same scene
+#   build-general/ the script engine without its fast paths: the language cases once more
 #   build-fuzz/  clang with libFuzzer: the fuzz targets of the script engine and of the map and role
 #                readers, run once over their corpus
 # Exits non-zero on any failure.
@@ -18,6 +19,10 @@ threaded_tests='^(GameLock|ScriptSystem|ScriptThread|HostFunctions|Waits/|Speech
 
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j"$jobs"
+
+cmake -S . -B build-general -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGREVAN_BENCH=OFF -DVESK_GENERAL_PATH_ONLY=ON \
+  >/dev/null
+cmake --build build-general --target vesk -j"$jobs"
 
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DGREVAN_SANITIZE=ON >/dev/null
 cmake --build build-asan -j"$jobs"
@@ -33,6 +38,8 @@ cmake --build build-fuzz --target vesk_fuzz_parse vesk_fuzz_run grevan_fuzz_map 
 status=0
 echo "== Fuzz targets over the seed corpus and the saved crashes"
 tests/fuzz/fuzz.sh regress build-fuzz/tests/fuzz || status=1
+echo "== Language cases through the engine without its fast paths"
+ctest --test-dir build-general -R '^language\.' --output-on-failure -j"$jobs" || status=1
 echo "== ThreadSanitizer build"
 ctest --test-dir build-tsan -R "$threaded_tests" --output-on-failure -j"$jobs" || status=1
 echo "== Sanitizer build (AddressSanitizer, UndefinedBehaviorSanitizer)"

@@ -37,11 +37,13 @@ void VeskScript::toUpperString(std::string& text) {
 }
 
 void VeskScript::setLastError(const std::string& error, const std::string& detail, int line) {
-    if (line == kNoLine) {
-        lastError = error + " : " + detail;
-    } else {
-        lastError = "At line " + std::to_string(line) + " : " + error + " : " + detail;
-    }
+    recordError({error, detail, "", currentFile(), line});
+}
+
+void VeskScript::recordError(VeskError parts) {
+    lastError = parts.line == kNoLine ? parts.describe()
+                                      : "At line " + std::to_string(parts.line) + " : " + parts.describe();
+    lastErrorParts = std::move(parts);
 }
 
 std::string VeskScript::getLastError() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cassert>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -10,6 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "script/VeskError.h"
+#include "script/VeskNumber.h"
 #include "script/VeskRuntimeException.h"
 #include "script/VeskStopException.h"
 #include "script/VeskSyntaxException.h"
@@ -97,6 +100,15 @@ class VeskScript {
     static const int kNotAnOperator = -1;
 
     // Interpreter
+    // Whether the interpreter takes its fast paths: plain 32-bit arithmetic for a tree of integers,
+    // and shortcuts for comparisons, SELECT and arguments. Each gives what the general rule gives;
+    // a build with VESK_GENERAL_PATH_ONLY takes none, so that the language cases hold both ways of
+    // running a script to the same output.
+#ifdef VESK_GENERAL_PATH_ONLY
+    static constexpr bool kFastPaths = false;
+#else
+    static constexpr bool kFastPaths = true;
+#endif
     bool run(std::string name);
     VeskVariable invokeFunction(std::string name, int argumentCount);
     VeskVariable call(VeskSyntaxNode* callNode);
@@ -122,8 +134,15 @@ class VeskScript {
     // Errors
     // The line that gives an error text no line part.
     static const int kNoLine = -1;
+    // Records an error of the file being loaded, if any.
     void setLastError(const std::string& error, const std::string& detail, int line);
     std::string getLastError() const;
+    // The parts the last error is made of, with the file it lies in: for a syntax error the file
+    // being read (an imported file's own, however deep the import), for a runtime error the file
+    // that defines the function it names.
+    const VeskError& getLastErrorParts() const {
+        return lastErrorParts;
+    }
 
     // The function table's and the global table's entry for an upper-case name, or null.
     VeskSyntaxNode* findFunction(const std::string& name) const;
@@ -134,6 +153,12 @@ class VeskScript {
     VeskVariable* newVariable();
     void deleteNode(VeskSyntaxNode* node);
     void deleteVariable(VeskVariable* variable);
+
+    void recordError(VeskError parts);
+    // The file being loaded; empty outside load.
+    std::string currentFile() const {
+        return loading.empty() ? "" : loading.back();
+    }
 
     // Parser helpers
     VeskSyntaxNode* newStatement(VeskSyntaxNode* block, const VeskToken& token);
@@ -177,6 +202,7 @@ class VeskScript {
         return node->variable;
     }
     bool conditionHolds(VeskSyntaxNode* expression);
+    bool conditionHoldsGenerally(VeskSyntaxNode* expression);
     // The rare cases of interpret, kept out of it so that it stays small: it runs every statement.
     __attribute__((noinline, cold)) void traceOperation(VeskSyntaxNode* operation);
     [[noreturn]] __attribute__((noinline, cold)) void throwCallFault(const char* error,
@@ -187,7 +213,16 @@ class VeskScript {
     VeskCompletion interpretFor(VeskSyntaxNode* loop);
     VeskCompletion interpretSelect(VeskSyntaxNode* select);
     bool caseMatches(VeskSyntaxNode* test, const VeskVariable& selector);
-    void assign(VeskSyntaxNode* statement);
+    // The whole value replaces the variable's, its type and flags included.
+    void assign(VeskSyntaxNode* statement) {
+        VeskNumber number;
+        if (!statement->expr->isLeaf() && numberPath(statement->expr, number)) {
+            number.storeInto(*runtimeVariable(statement));
+            return;
+        }
+        assignGenerally(statement);
+    }
+    void assignGenerally(VeskSyntaxNode* statement);
     void pushArguments(VeskSyntaxNode* callNode);
     void pushValue(VeskSyntaxNode* expression);
     // Throws "Stack overflow" when the machine stack has grown past the interpreter's budget.
@@ -196,27 +231,65 @@ class VeskScript {
             throwCallFault("Stack overflow", node->function ? node->function : node);
         }
     }
-    const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryInteger);
-    void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger);
+    const VeskVariable& evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch, bool tryNumbers);
+    void evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryNumbers);
     const VeskVariable& operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
-                                     bool tryInteger);
+                                     bool tryNumbers);
+    bool tryNumberExpression(VeskSyntaxNode* node, VeskNumber& value);
     bool tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value);
-    // A variable's storage or a constant's value, read in place.
-    const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
-        return leaf->kind == NodeVariable ? *runtimeVariable(leaf) : *leaf->variable;
-    }
-    // tryIntegerExpression with the leaves, which most operands are, read without a call.
     bool tryIntegerOperand(VeskSyntaxNode* node, std::int32_t& value) {
-        const VeskVariable* leaf;
-        if (node->kind == NodeVariable) {
-            leaf = runtimeVariable(node);
-        } else if (node->kind == NodeConstant) {
-            leaf = node->variable;
-        } else {
+        if (!node->isLeaf()) {
             return tryIntegerExpression(node, value);
         }
-        value = leaf->integerValue;
-        return leaf->type == VeskVariable::TypeInteger;
+        const VeskVariable& leaf = leafValue(node);
+        value = leaf.integerValue;
+        return leaf.type == VeskVariable::TypeInteger;
+    }
+    // The one decision for the number path: an expression without calls whose leaves all hold
+    // integers or floats is computed into `value`, as the general rule would compute it. False
+    // leaves the expression to the general path.
+    bool numberPath(VeskSyntaxNode* expression, VeskNumber& value) {
+        if (!kFastPaths || expression->hasCall) {
+            return false;
+        }
+        // Integers first: most trees hold nothing else, and their walk is the shorter one.
+        value.isFloat = false;
+        if (expression->leafOperands ? tryIntegerLeaves(expression, value.integer)
+                                     : tryIntegerExpression(expression, value.integer)) {
+            return true;
+        }
+        return tryNumberExpression(expression, value);
+    }
+    // An operation on two leaves that hold integers, computed without a call: a loop's test and
+    // step are such operations.
+    bool tryIntegerLeaves(VeskSyntaxNode* operation, std::int32_t& value) {
+        const VeskVariable& left = leafValue(operation->left);
+        const VeskVariable& right = leafValue(operation->right);
+        return left.type == VeskVariable::TypeInteger && right.type == VeskVariable::TypeInteger &&
+               integerOperation(operation, left.integerValue, right.integerValue, value);
+    }
+    // Whether a condition holds, its number path inline: for the loops, whose test runs on every
+    // pass. conditionHolds is the same, out of line.
+    bool holds(VeskSyntaxNode* condition) {
+        VeskNumber number;
+        if (numberPath(condition, number)) {
+            return number.asInteger() != 0;
+        }
+        return conditionHoldsGenerally(condition);
+    }
+    // A variable's storage or a constant's value, read in place: a constant's frameSlot is
+    // kGlobalSlot, so its `variable` is found as a global's is, without a test of the kind.
+    const VeskVariable& leafValue(VeskSyntaxNode* leaf) {
+        assert(leaf->isLeaf() &&
+               (leaf->kind == NodeVariable || leaf->frameSlot == VeskSyntaxNode::kGlobalSlot));
+        return *runtimeVariable(leaf);
+    }
+    // tryNumberExpression with the leaves, which most operands are, read without a call.
+    bool tryNumberOperand(VeskSyntaxNode* node, VeskNumber& value) {
+        if (!node->isLeaf()) {
+            return tryNumberExpression(node, value);
+        }
+        return value.read(leafValue(node));
     }
     void countInstruction();
     // A relaxed load per loop pass or call: the benchmarks cannot tell it from nothing.
@@ -232,6 +305,11 @@ class VeskScript {
     std::map<std::string, VeskVariable*> globals;
     std::vector<VeskVariable> runtimeStack;
     std::string lastError;
+    VeskError lastErrorParts;
+    // The file each script function was defined in, for runtime errors.
+    std::map<std::string, std::string> definingFiles;
+    // A fault inside an imported file, kept while the failed IMPORT unwinds to its file's parse.
+    std::optional<VeskError> importFault;
 
     // Every node and variable the engine made, freed on destruction whatever state a failed parse
     // left the trees in.

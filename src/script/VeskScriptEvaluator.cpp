@@ -7,77 +7,12 @@
 
 #include "script/VeskScript.h"
 
-namespace {
-
-[[noreturn]] __attribute__((noinline, cold)) void throwArithmeticFault(const VeskSyntaxNode* operation,
-                                                                       const char* error) {
+void throwArithmeticFault(const VeskSyntaxNode* operation, const char* error) {
     const VeskSyntaxNode* function = operation->function;
     throw VeskRuntimeException(error, operation->text, function ? function->text : "", operation->line);
 }
 
-// Integer arithmetic wraps in 32 bits. Division and MOD by zero, and the smallest integer divided
-// by -1, are script errors. Returns false for an operator without an integer meaning.
-inline bool integerOperation(const VeskSyntaxNode* operation, std::int32_t left, std::int32_t right,
-                             std::int32_t& result) {
-    const auto wrapped = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
-    const auto l = static_cast<std::uint32_t>(left);
-    const auto r = static_cast<std::uint32_t>(right);
-    switch (operation->op) {
-        case OperatorOr:
-            result = left | right;
-            return true;
-        case OperatorAnd:
-            result = left & right;
-            return true;
-        case OperatorXor:
-            result = left ^ right;
-            return true;
-        case OperatorNot:
-            result = right == 0 ? 1 : 0;
-            return true;
-        case OperatorMod:
-            if (right == 0) {
-                throwArithmeticFault(operation, "Division by zero");
-            }
-            result = right == -1 ? 0 : left % right;
-            return true;
-        case OperatorDivide:
-            if (right == 0 || (right == -1 && left == std::numeric_limits<std::int32_t>::min())) {
-                throwArithmeticFault(operation, "Division by zero");
-            }
-            result = left / right;
-            return true;
-        case OperatorMultiply:
-            result = wrapped(l * r);
-            return true;
-        case OperatorAdd:
-            result = wrapped(l + r);
-            return true;
-        case OperatorSubtract:
-            result = wrapped(l - r);
-            return true;
-        case OperatorGreater:
-            result = left > right;
-            return true;
-        case OperatorGreaterEqual:
-            result = left >= right;
-            return true;
-        case OperatorLess:
-            result = left < right;
-            return true;
-        case OperatorLessEqual:
-            result = left <= right;
-            return true;
-        case OperatorEqual:
-            result = left == right;
-            return true;
-        case OperatorNotEqual:
-            result = left != right;
-            return true;
-        default:
-            return false;
-    }
-}
+namespace {
 
 // Comparisons of floats yield the float 1.0 or 0.0.
 bool floatOperation(int op, float left, float right, float& result) {
@@ -109,6 +44,32 @@ bool floatOperation(int op, float left, float right, float& result) {
         default:
             return false;
     }
+}
+
+// applyOperator's rules for two numbers. False where the result would be undefined.
+inline bool numberOperation(const VeskSyntaxNode* operation, const VeskNumber& left, const VeskNumber& right,
+                            VeskNumber& result) {
+    result.isFloat = false;
+    if (!left.isFloat && !right.isFloat) {
+        return integerOperation(operation, left.integer, right.integer, result.integer);
+    }
+    switch (operation->op) {
+        case OperatorOr:
+        case OperatorAnd:
+        case OperatorXor:
+        case OperatorNot:
+        case OperatorMod:
+        case OperatorEqual:
+        case OperatorNotEqual:
+            return integerOperation(operation, left.asInteger(), right.asInteger(), result.integer);
+        default:
+            break;
+    }
+    if (!left.isFloat) {
+        return integerOperation(operation, left.integer, right.asInteger(), result.integer);
+    }
+    result.isFloat = true;
+    return floatOperation(operation->op, left.real, right.asFloat(), result.real);
 }
 
 const std::string& textOf(const VeskVariable& value, std::string& buffer) {
@@ -192,7 +153,7 @@ VeskVariable VeskScript::evaluate(VeskSyntaxNode* expression) {
 // Variables and constants are read in place, without a copy; anything else is computed into
 // `scratch`, a fresh value the caller owns.
 const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariable& scratch,
-                                                bool tryInteger) {
+                                                bool tryNumbers) {
     if (!node) {
         return scratch;  // an absent operand is undefined
     }
@@ -201,7 +162,7 @@ const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariab
         case NodeConstant:
             return leafValue(node);
         case NodeOperation:
-            evaluateOperation(node, scratch, tryInteger);
+            evaluateOperation(node, scratch, tryNumbers);
             return scratch;
         case NodeCall:
             callInto(node, scratch);
@@ -211,32 +172,33 @@ const VeskVariable& VeskScript::evaluateOperand(VeskSyntaxNode* node, VeskVariab
     }
 }
 
-// `tryInteger` is false once the integer path has failed for an enclosing tree without calls: its
+// `tryNumbers` is false once the number path has failed for an enclosing tree without calls: its
 // subtrees need not be tried again.
-void VeskScript::evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryInteger) {
+void VeskScript::evaluateOperation(VeskSyntaxNode* operation, VeskVariable& result, bool tryNumbers) {
     checkStack(operation);
-    std::int32_t integer;
-    if (tryInteger && !operation->hasCall) {
-        if (tryIntegerExpression(operation, integer)) {
-            result.storeInteger(integer);
+    VeskNumber number;
+    if (tryNumbers) {
+        if (numberPath(operation, number)) {
+            number.storeInto(result);
             return;
         }
-        tryInteger = false;
+        // A tree with a call may still hold subtrees of numbers without one.
+        tryNumbers = operation->hasCall;
     }
     std::optional<VeskVariable> leftScratch;
-    const VeskVariable* left = &operandValue(operation->left, leftScratch, tryInteger);
+    const VeskVariable* left = &operandValue(operation->left, leftScratch, tryNumbers);
     // The right operand may call a function that changes the left variable or moves the stack.
     if (operation->right && operation->right->hasCall && !leftScratch) {
         left = &leftScratch.emplace(*left);
     }
     std::optional<VeskVariable> rightScratch;
-    const VeskVariable& right = operandValue(operation->right, rightScratch, tryInteger);
+    const VeskVariable& right = operandValue(operation->right, rightScratch, tryNumbers);
     applyOperator(operation, *left, right, result);
 }
 
 // Leaves are read in place; only other operands need a value of their own, made in `scratch`.
 const VeskVariable& VeskScript::operandValue(VeskSyntaxNode* node, std::optional<VeskVariable>& scratch,
-                                             bool tryInteger) {
+                                             bool tryNumbers) {
     if (node && node->isLeaf()) {
         return leafValue(node);
     }
@@ -244,46 +206,50 @@ const VeskVariable& VeskScript::operandValue(VeskSyntaxNode* node, std::optional
         callInto(node, scratch.emplace());
         return *scratch;
     }
-    return evaluateOperand(node, scratch.emplace(), tryInteger);
+    return evaluateOperand(node, scratch.emplace(), tryNumbers);
 }
 
-// The common case without a single VeskVariable temporary: a tree of operations over integer
-// variables and constants. Reads only, so a false result (some value is not an integer) leaves
-// nothing to undo.
+// The commonest case, a tree of operations over integer variables and constants.
 bool VeskScript::tryIntegerExpression(VeskSyntaxNode* node, std::int32_t& value) {
-    const VeskVariable* leaf;
+    if (node->kind != NodeOperation) {
+        return node->isLeaf() && tryIntegerOperand(node, value);
+    }
+    checkStack(node);
+    std::int32_t left;
+    std::int32_t right;
+    return tryIntegerOperand(node->left, left) && tryIntegerOperand(node->right, right) &&
+           integerOperation(node, left, right, value);
+}
+
+// The common case without a single VeskVariable temporary: a tree of operations over numeric
+// variables and constants. Reads only, so a false result (some value is no number, or the result
+// would be undefined) leaves nothing to undo.
+bool VeskScript::tryNumberExpression(VeskSyntaxNode* node, VeskNumber& value) {
     switch (node->kind) {
         case NodeVariable:
-            leaf = runtimeVariable(node);
-            break;
         case NodeConstant:
-            leaf = node->variable;
-            break;
+            return value.read(leafValue(node));
         case NodeOperation: {
             checkStack(node);
-            std::int32_t left;
-            std::int32_t right;
-            return tryIntegerOperand(node->left, left) && tryIntegerOperand(node->right, right) &&
-                   integerOperation(node, left, right, value);
+            VeskNumber left;
+            VeskNumber right;
+            return tryNumberOperand(node->left, left) && tryNumberOperand(node->right, right) &&
+                   numberOperation(node, left, right, value);
         }
         default:
             return false;
     }
-    if (leaf->type != VeskVariable::TypeInteger) {
-        return false;
-    }
-    value = leaf->integerValue;
-    return true;
 }
 
 bool VeskScript::conditionHolds(VeskSyntaxNode* expression) {
-    std::int32_t integer;
-    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
-        return integer != 0;
-    }
+    return holds(expression);
+}
+
+// A condition that the number path cannot decide.
+bool VeskScript::conditionHoldsGenerally(VeskSyntaxNode* expression) {
     // A CASE arm's test, or any = and <> of two variables or constants, straight from storage.
     const int op = expression->op;
-    if (expression->kind == NodeOperation && (op == OperatorEqual || op == OperatorNotEqual) &&
+    if (kFastPaths && expression->kind == NodeOperation && (op == OperatorEqual || op == OperatorNotEqual) &&
         expression->left->isLeaf() && expression->right->isLeaf()) {
         return leafValue(expression->left).equals(leafValue(expression->right)) == (op == OperatorEqual);
     }

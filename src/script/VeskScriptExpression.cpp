@@ -195,6 +195,7 @@ VeskSyntaxNode* VeskScript::makeOperation(VeskSyntaxNode* parent, int op, VeskSy
     operation->left = left;
     operation->right = right;
     operation->hasCall = left->hasCall || right->hasCall;
+    operation->leafOperands = left->isLeaf() && right->isLeaf();
     for (const VeskOperatorRow& row : opPriority) {
         if (row.id == op) {
             operation->text = row.text;

@@ -20,7 +20,9 @@ bool VeskScript::run(std::string name) {
     try {
         invokeFunction(name, 0);
     } catch (const VeskRuntimeException& e) {
-        setLastError(e.function + ": " + e.error, e.detail, e.line);
+        auto defined = definingFiles.find(e.function);
+        recordError(
+            {e.error, e.detail, e.function, defined == definingFiles.end() ? "" : defined->second, e.line});
         return false;
     }
     return true;
@@ -110,14 +112,14 @@ void VeskScript::runFunction(VeskSyntaxNode* function, int argumentCount, VeskVa
 
 // All arguments are evaluated before any is pushed, so that a call inside an argument runs against
 // the stack as the caller left it. Without such a call after the first argument nothing can tell
-// the difference, and each value goes straight onto the stack.
+// the difference, and the fast path pushes each value straight onto the stack.
 __attribute__((always_inline)) inline void VeskScript::pushArguments(VeskSyntaxNode* callNode) {
     std::vector<VeskSyntaxNode*>& arguments = callNode->arguments;
     bool laterCall = false;
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         laterCall = laterCall || arguments[i]->hasCall;
     }
-    if (!laterCall) {
+    if (kFastPaths && !laterCall) {
         for (VeskSyntaxNode* argument : arguments) {
             pushValue(argument);
         }
@@ -138,9 +140,9 @@ __attribute__((always_inline)) inline void VeskScript::pushValue(VeskSyntaxNode*
         runtimeStack.push_back(leafValue(expression));
         return;
     }
-    std::int32_t integer;
-    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
-        runtimeStack.emplace_back().storeInteger(integer);
+    VeskNumber number;
+    if (numberPath(expression, number)) {
+        number.storeInto(runtimeStack.emplace_back());
         return;
     }
     runtimeStack.push_back(evaluate(expression));
@@ -248,7 +250,7 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        if (conditionHolds(loop->expr) != repeatWhileTrue) {
+        if (holds(loop->expr) != repeatWhileTrue) {
             break;
         }
         checkStop();
@@ -260,34 +262,20 @@ VeskCompletion VeskScript::interpretLoop(VeskSyntaxNode* loop) {
     return code == CompletionLeaveLoop ? CompletionNormal : code;
 }
 
-// The general loop above, for the shape FOR builds: the condition compares the loop variable with
-// the limit, and the block ends with the increment. While the variable, the limit and the step are
-// integers, the test and the increment are done here directly; everything else takes the general
-// path, so the results are the same.
+// The general loop above, for the shape FOR builds: the condition compares the counter with the
+// limit, and the block ends with the increment. The assignments, the increment among them, run
+// here without a statement's dispatch; their values take the number path like any other's.
 VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
-    VeskSyntaxNode* condition = loop->expr;
     std::vector<VeskSyntaxNode*>& statements = loop->body->statements;
     VeskSyntaxNode* increment = statements.back();
-    VeskSyntaxNode* step = increment->expr->right;
     const std::size_t bodyLength = statements.size() - 1;
     VeskCompletion code = CompletionNormal;
     for (;;) {
         countInstruction();
-        const VeskVariable* counter = runtimeVariable(condition->left);
-        std::int32_t limit;
-        bool holds;
-        if (counter->type == VeskVariable::TypeInteger && tryIntegerOperand(condition->right, limit)) {
-            holds = condition->op == OperatorLessEqual ? counter->integerValue <= limit
-                                                       : counter->integerValue >= limit;
-        } else {
-            holds = conditionHolds(condition);
-        }
-        if (!holds) {
+        if (!holds(loop->expr)) {
             break;
         }
-        // Here, not before the test: there the same check made the loops benchmark a tenth slower.
         checkStop();
-        countInstruction();
         code = CompletionNormal;
         for (std::size_t i = 0; i < bodyLength && code == CompletionNormal; ++i) {
             VeskSyntaxNode* statement = statements[i];
@@ -299,14 +287,8 @@ VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
             }
         }
         if (code == CompletionNormal) {
-            VeskVariable* variable = runtimeVariable(increment);
-            std::int32_t by;
-            if (variable->type == VeskVariable::TypeInteger && tryIntegerOperand(step, by)) {
-                variable->storeInteger(static_cast<std::int32_t>(
-                    static_cast<std::uint32_t>(variable->integerValue) + static_cast<std::uint32_t>(by)));
-            } else {
-                interpret(increment);
-            }
+            countInstruction();
+            assign(increment);
         }
         if (code >= CompletionLeaveLoop) {
             break;
@@ -320,7 +302,7 @@ VeskCompletion VeskScript::interpretFor(VeskSyntaxNode* loop) {
 // so it is evaluated once and compared with each arm's constants directly.
 VeskCompletion VeskScript::interpretSelect(VeskSyntaxNode* select) {
     VeskCompletion code = CompletionNormal;
-    if (select->expr && !select->expr->hasCall) {
+    if (kFastPaths && select->expr && !select->expr->hasCall) {
         VeskVariable scratch;
         const VeskVariable& selector = evaluateOperand(select->expr, scratch, true);
         for (VeskSyntaxNode* arm : select->statements) {
@@ -347,18 +329,14 @@ bool VeskScript::caseMatches(VeskSyntaxNode* test, const VeskVariable& selector)
     return selector.equals(*test->right->variable);
 }
 
-// The whole value replaces the variable's, its type and flags included.
-void VeskScript::assign(VeskSyntaxNode* statement) {
+// assign's general path: a leaf is copied whole, its flags included; anything else the number path
+// does not take is evaluated the general way.
+void VeskScript::assignGenerally(VeskSyntaxNode* statement) {
     VeskSyntaxNode* expression = statement->expr;
     if (expression->isLeaf()) {
         VeskVariable scratch;
         const VeskVariable& value = evaluateOperand(expression, scratch, false);
         *runtimeVariable(statement) = value;
-        return;
-    }
-    std::int32_t integer;
-    if (!expression->hasCall && tryIntegerExpression(expression, integer)) {
-        runtimeVariable(statement)->storeInteger(integer);
         return;
     }
     // The target is looked up only after the value: a call in the expression may move the stack.

@@ -46,6 +46,10 @@ bool VeskScript::parseSyntax() {
         }
     } catch (const VeskSyntaxException& e) {
         setLastError(e.error, e.detail, e.line);
+        if (importFault) {
+            lastErrorParts = std::move(*importFault);
+            importFault.reset();
+        }
         return false;
     }
     // Every function called so far, in this file or an earlier one, must be defined by now.
@@ -140,6 +144,11 @@ void VeskScript::parseIMPORT() {
         throw VeskSyntaxException("Circular import", path, token.line);
     }
     if (!load(path)) {
+        // A fault with a line lies inside the imported file and keeps its place there; one
+        // without (the file cannot be opened) is placed at this IMPORT.
+        if (lastErrorParts.line != kNoLine) {
+            importFault = lastErrorParts;
+        }
         throw VeskSyntaxException("Failed to include the file " + path, lastError, token.line);
     }
 }
@@ -171,6 +180,7 @@ void VeskScript::parseFUNCTION() {
     function->function = function;
     function->text = name.text;
     functions[name.text] = function;
+    definingFiles[name.text] = currentFile();
     popToken();
 
     if (getToken().id != TokenEndOfLine) {

@@ -53,4 +53,6 @@ class VeskSyntaxNode {
     // Whether evaluating this expression may call a function. Such a call can change variables and
     // grow the runtime stack, so values read before it must be copied.
     bool hasCall = false;
+    // For an operation: whether both operands are variables or constants.
+    bool leafOperands = false;
 };

@@ -26,7 +26,9 @@ float leadingFloat(const std::string& text) {
     return static_cast<float>(value);
 }
 
-std::int32_t truncatedFloat(float value) {
+}  // namespace
+
+std::int32_t VeskVariable::truncated(float value) {
     if (std::isnan(value)) {
         return 0;
     }
@@ -38,8 +40,6 @@ std::int32_t truncatedFloat(float value) {
     }
     return static_cast<std::int32_t>(value);
 }
-
-}  // namespace
 
 void VeskVariable::setInteger(std::int32_t value) {
     integerValue = value;
@@ -91,7 +91,7 @@ std::string VeskVariable::toText() const {
 std::int32_t VeskVariable::convertedInteger() const {
     switch (type) {
         case TypeFloat:
-            return truncatedFloat(floatValue);
+            return truncated(floatValue);
         case TypeString:
             return leadingInteger(stringValue());
         default:

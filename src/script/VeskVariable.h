@@ -69,6 +69,17 @@ class VeskVariable {
         integerValue = value;
         floatValue = 0.0f;
     }
+    // The same for a float.
+    void storeFloat(float value) {
+        type = TypeFloat;
+        isGlobal = 0;
+        isConstant = 0;
+        integerValue = 0;
+        floatValue = value;
+    }
+    // A float as getInteger gives it: truncated toward zero, NaN 0, beyond the 32-bit range
+    // saturated.
+    static std::int32_t truncated(float value);
 
   private:
     static const std::string& emptyText();

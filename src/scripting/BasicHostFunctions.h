@@ -4,8 +4,8 @@
 
 #include "script/VeskVariable.h"
 
-// The host functions that need nothing of the game. The script host registers them as "print" and
-// "isNull"; so does the vesk command. Both take any number of arguments, the top `argumentCount`
+// The host functions that need nothing of the game, print and isNull. The script host registers
+// them; so does the vesk command. Both take any number of arguments, the top `argumentCount`
 // entries of the stack, in source order.
 namespace Grevan {
 

@@ -15,7 +15,7 @@ namespace Grevan {
 // for the same slot only adds rounds. Slot 0 and numbers that are no slot's have no weapon to
 // give: nothing happens.
 void addPlayerWeapon(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 3);
+    HostArguments a(stack, HOST_ADD_PLAYER_WEAPON);
     const WeaponSlot* slot = WeaponSlot::numbered(a.integer(2));
     if (!slot || !slot->makeWeapon) {
         return;
@@ -32,18 +32,18 @@ void addPlayerWeapon(HostStack& stack, VeskVariable&, int) {
 }
 
 void switchWeapon(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 2);
+    HostArguments a(stack, HOST_SWITCH_WEAPON);
     withPlayer(a.integer(1), [&](Player& p) { p.setEquipment(a.integer(2)); });
 }
 
 void playerDoAim(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 3);
+    HostArguments a(stack, HOST_PLAYER_DO_AIM);
     withPlayer(a.integer(1), [&](Player& p) { p.aim(a.integer(2), a.integer(3)); });
 }
 
 // The weapon in hand fires at once, whatever the player is doing.
 void playerDoFire(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 3);
+    HostArguments a(stack, HOST_PLAYER_DO_FIRE);
     withPlayer(a.integer(1), [&](Player& p) {
         if (Weapon* w = p.getCurrentWeapon()) {
             w->fire(a.integer(2), a.integer(3));
@@ -53,7 +53,7 @@ void playerDoFire(HostStack& stack, VeskVariable&, int) {
 
 // Walks to x; y is carried with the order but not used.
 void playerDoMove(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 3);
+    HostArguments a(stack, HOST_PLAYER_DO_MOVE);
     withPlayer(a.integer(1), [&](Player& p) {
         PlayerAction order;
         order.type = ACTION_MOVE_TO;
@@ -64,7 +64,7 @@ void playerDoMove(HostStack& stack, VeskVariable&, int) {
 }
 
 void playerDoStop(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_PLAYER_DO_STOP);
     withPlayer(a.integer(1), [](Player& p) {
         p.stopAction();
         p.stopMoving();
@@ -75,7 +75,7 @@ void playerDoStop(HostStack& stack, VeskVariable&, int) {
 // Returns when the player's scripted order has ended. An id that is not a player's waits until
 // the game ends: a script that waits for nobody has lost its way, and the player can still quit.
 void waitForPlayerAction(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_WAIT_FOR_PLAYER_ACTION);
     const int id = a.integer(1);
     waitWhile([id] {
         GameLockGuard guard;

@@ -36,7 +36,7 @@ void message(HostStack& stack, VeskVariable&, int argumentCount) {
 }
 
 void command(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_SYSTEM);
     // What the script printed comes before what the command prints.
     fflush(stdout);
     // The command's exit status is not the script's concern.
@@ -44,7 +44,7 @@ void command(HostStack& stack, VeskVariable&, int) {
 }
 
 void loadMap(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_LOAD_MAP);
     const std::string path = a.text(1);
     GameLockGuard guard;
     game->loadMap(path.c_str());
@@ -62,7 +62,7 @@ void fadeOut(HostStack&, VeskVariable&, int) {
 
 // delay(milliseconds): nothing for zero or less.
 void delay(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_DELAY);
     sleepWhileRunning(a.integer(1));
 }
 
@@ -72,7 +72,7 @@ void endgame(HostStack&, VeskVariable&, int) {
 
 // say(player, text): a bubble in the player's colour above its head.
 void say(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 2);
+    HostArguments a(stack, HOST_SAY);
     const std::string text = a.text(2);
     {
         GameLockGuard guard;
@@ -92,7 +92,7 @@ void say(HostStack& stack, VeskVariable&, int) {
 
 // robotSay(text): a red bubble beside the robot, which stands in screen coordinates.
 void robotSay(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_ROBOT_SAY);
     const std::string text = a.text(1);
     {
         GameLockGuard guard;
@@ -113,7 +113,7 @@ void robotSay(HostStack& stack, VeskVariable&, int) {
 }
 
 void showRobot(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_SHOW_ROBOT);
     GameLockGuard guard;
     if (Robot* robot = game->getRobot()) {
         a.integer(1) != 0 ? robot->show() : robot->hide();
@@ -123,7 +123,7 @@ void showRobot(HostStack& stack, VeskVariable&, int) {
 // lockControl(flag): 1 takes the keyboard and mouse away from the user (the main player stops
 // where it is), 0 gives them back.
 void lockControl(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_LOCK_CONTROL);
     if (a.integer(1) != 0) {
         GameLockGuard guard;
         game->lockControl();

@@ -7,48 +7,45 @@
 #include "core/Game.h"
 #include "scripting/BasicHostFunctions.h"
 #include "scripting/HostAccess.h"
+#include "scripting/HostFunctionTable.h"
 #include "scripting/HostFunctions.h"
 
 namespace Grevan {
 
 namespace {
 
-struct HostFunctionEntry {
-    const char* name;
-    VeskHostFunction function;
-};
-
-const HostFunctionEntry kHostFunctions[] = {
-    {"print", print},
-    {"isNull", isNull},
-    {"message", message},
-    {"system", command},
-    {"loadMap", loadMap},
-    {"addPlayer", addPlayer},
-    {"showObject", showObject},
-    {"setPlayerHealth", setPlayerHealth},
-    {"fadeIn", fadeIn},
-    {"fadeOut", fadeOut},
-    {"delay", delay},
-    {"endgame", endgame},
-    {"addPlayerWeapon", addPlayerWeapon},
-    {"switchWeapon", switchWeapon},
-    {"playerDoAim", playerDoAim},
-    {"playerDoFire", playerDoFire},
-    {"playerDoMove", playerDoMove},
-    {"playerDoStop", playerDoStop},
-    {"say", say},
-    {"robotSay", robotSay},
-    {"waitForPlayerAction", waitForPlayerAction},
-    {"showRobot", showRobot},
-    {"lockControl", lockControl},
-    {"addPresent", addPresent},
-    {"addHiddenPresent", addHiddenPresent},
-    {"setPlayerAIMode", setPlayerAIMode},
-    {"die", die},
-    {"playerX", playerX},
-    {"playerY", playerY},
-};
+constexpr HostFunctionBindings kGameHostFunctions = {{
+    {HOST_PRINT, print},
+    {HOST_IS_NULL, isNull},
+    {HOST_MESSAGE, message},
+    {HOST_SYSTEM, command},
+    {HOST_LOAD_MAP, loadMap},
+    {HOST_ADD_PLAYER, addPlayer},
+    {HOST_SHOW_OBJECT, showObject},
+    {HOST_SET_PLAYER_HEALTH, setPlayerHealth},
+    {HOST_FADE_IN, fadeIn},
+    {HOST_FADE_OUT, fadeOut},
+    {HOST_DELAY, delay},
+    {HOST_ENDGAME, endgame},
+    {HOST_ADD_PLAYER_WEAPON, addPlayerWeapon},
+    {HOST_SWITCH_WEAPON, switchWeapon},
+    {HOST_PLAYER_DO_AIM, playerDoAim},
+    {HOST_PLAYER_DO_FIRE, playerDoFire},
+    {HOST_PLAYER_DO_MOVE, playerDoMove},
+    {HOST_PLAYER_DO_STOP, playerDoStop},
+    {HOST_SAY, say},
+    {HOST_ROBOT_SAY, robotSay},
+    {HOST_WAIT_FOR_PLAYER_ACTION, waitForPlayerAction},
+    {HOST_SHOW_ROBOT, showRobot},
+    {HOST_LOCK_CONTROL, lockControl},
+    {HOST_ADD_PRESENT, addPresent},
+    {HOST_ADD_HIDDEN_PRESENT, addHiddenPresent},
+    {HOST_SET_PLAYER_AI_MODE, setPlayerAIMode},
+    {HOST_DIE, die},
+    {HOST_PLAYER_X, playerX},
+    {HOST_PLAYER_Y, playerY},
+}};
+static_assert(bindsEveryHostFunctionInOrder(kGameHostFunctions), "the game implements every host function");
 
 const auto kEventPoll = std::chrono::milliseconds(100);
 
@@ -65,9 +62,7 @@ ScriptSystem::~ScriptSystem() {
 }
 
 void ScriptSystem::registerHostFunctions(VeskScript& engine) {
-    for (const HostFunctionEntry& entry : kHostFunctions) {
-        engine.addFunction(entry.name, entry.function);
-    }
+    ::registerHostFunctions(engine, kGameHostFunctions);
 }
 
 void ScriptSystem::start(const std::string& mainScript) {

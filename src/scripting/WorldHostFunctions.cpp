@@ -27,7 +27,7 @@ void place(std::unique_ptr<PresentBox> box, VeskVariable& result) {
 // addPlayer(isAI, colour, role, name, x, y) gives the new player's id. The last non-AI player
 // added is the one the user controls.
 void addPlayer(HostStack& stack, VeskVariable& result, int) {
-    HostArguments a(stack, 6);
+    HostArguments a(stack, HOST_ADD_PLAYER);
     const bool isAI = a.integer(1) != 0;
     const std::string role = a.text(3);
     const std::string name = a.text(4);
@@ -46,7 +46,7 @@ void addPlayer(HostStack& stack, VeskVariable& result, int) {
 
 // Any object, not only a player.
 void showObject(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_SHOW_OBJECT);
     const int id = a.integer(1);
     GameLockGuard guard;
     if (Object* o = game->getObjectSystem().getObjectById(id)) {
@@ -58,13 +58,13 @@ void showObject(HostStack& stack, VeskVariable&, int) {
 }
 
 void setPlayerHealth(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 2);
+    HostArguments a(stack, HOST_SET_PLAYER_HEALTH);
     withPlayer(a.integer(1), [&](Player& p) { p.setHealth(a.integer(2)); });
 }
 
 // addPresent(picture, x, y): a gift box with the picture "image/object/<picture>.bmp".
 void addPresent(HostStack& stack, VeskVariable& result, int) {
-    HostArguments a(stack, 3);
+    HostArguments a(stack, HOST_ADD_PRESENT);
     const std::string picture = "image/object/" + a.text(1) + ".bmp";
     GameLockGuard guard;
     auto box = std::make_unique<PresentBox>();
@@ -77,7 +77,7 @@ void addPresent(HostStack& stack, VeskVariable& result, int) {
 
 // addHiddenPresent(x, y, width, height): a gift box without a picture, found by touch.
 void addHiddenPresent(HostStack& stack, VeskVariable& result, int) {
-    HostArguments a(stack, 4);
+    HostArguments a(stack, HOST_ADD_HIDDEN_PRESENT);
     const int x = a.integer(1);
     const int y = a.integer(2);
     const int width = a.integer(3);
@@ -96,7 +96,7 @@ void addHiddenPresent(HostStack& stack, VeskVariable& result, int) {
 // setPlayerAIMode(player, mode): 1 puts an opponent under the script's control, 0 lets it decide
 // for itself. The user's player is left alone.
 void setPlayerAIMode(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 2);
+    HostArguments a(stack, HOST_SET_PLAYER_AI_MODE);
     withPlayer(a.integer(1), [&](Player& p) {
         if (AIPlayer* opponent = dynamic_cast<AIPlayer*>(&p)) {
             opponent->setControlMode(a.integer(2) != 0);
@@ -105,18 +105,18 @@ void setPlayerAIMode(HostStack& stack, VeskVariable&, int) {
 }
 
 void die(HostStack& stack, VeskVariable&, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_DIE);
     withPlayer(a.integer(1), [](Player& p) { p.die(); });
 }
 
 // The centre of the player; undefined for an id that is not a player's.
 void playerX(HostStack& stack, VeskVariable& result, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_PLAYER_X);
     withPlayer(a.integer(1), [&](Player& p) { result.setInteger(p.getCentralX()); });
 }
 
 void playerY(HostStack& stack, VeskVariable& result, int) {
-    HostArguments a(stack, 1);
+    HostArguments a(stack, HOST_PLAYER_Y);
     withPlayer(a.integer(1), [&](Player& p) { result.setInteger(p.getCentralY()); });
 }
 

@@ -134,8 +134,8 @@ TEST_F(HostFunctions, ArgumentsAreReadAtFixedDepthsFromTheTop) {
     std::vector<VeskVariable> stack(2);
     stack[0].setInteger(7);
     stack[1].setString("last");
-    Grevan::HostArguments four(stack, 4);
-    Grevan::HostArguments one(stack, 1);
+    Grevan::HostArguments four(stack, HOST_ADD_HIDDEN_PRESENT);  // four arguments
+    Grevan::HostArguments one(stack, HOST_DIE);                  // one
     EXPECT_EQ(std::make_tuple(four.text(1), four.integer(2), four.integer(3), four.text(4), one.text(1)),
               std::make_tuple("undefined", 0, 7, "last", "last"));
 }

@@ -1,6 +1,7 @@
 #include "AssetList.h"
 
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 
 #include "actors/RoleDescription.h"
@@ -59,27 +60,35 @@ std::size_t AssetList::add(const std::string& path, const std::string& neededBy)
 void AssetList::addHostCall(const ArgumentTexts& texts, const ArgumentTexts::Call& call,
                             std::ostream& notes) {
     const HostFunctionSignature* function = findHostFunction(call.function);
-    const std::string name = function ? function->name : "";
-    std::size_t argument = 0;
-    if (name == "addPlayer") {
-        argument = 2;
-    } else if (name != "loadMap" && name != "addPresent") {
+    if (!function) {
         return;
     }
+    for (std::size_t argument = 0; argument < std::size(function->kinds); ++argument) {
+        const HostArgumentKind kind = function->kinds[argument];
+        if (kind == ARGUMENT_MAP || kind == ARGUMENT_ROLE || kind == ARGUMENT_PICTURE) {
+            addNamedFiles(texts, call, *function, argument, notes);
+        }
+    }
+}
+
+void AssetList::addNamedFiles(const ArgumentTexts& texts, const ArgumentTexts::Call& call,
+                              const HostFunctionSignature& function, std::size_t argument,
+                              std::ostream& notes) {
+    const std::string neededBy = std::string(function.name) + " at " + location(call);
     bool computed = false;
     for (const std::optional<std::string>& text : texts.possibleTexts(call, argument)) {
         if (!text) {
             computed = true;
-        } else if (name == "loadMap") {
-            addMap(*text, "loadMap at " + location(call));
-        } else if (name == "addPlayer") {
-            addRole(*text, "addPlayer at " + location(call));
+        } else if (function.kinds[argument] == ARGUMENT_MAP) {
+            addMap(*text, neededBy);
+        } else if (function.kinds[argument] == ARGUMENT_ROLE) {
+            addRole(*text, neededBy);
         } else {
-            add("image/object/" + *text + ".bmp", "addPresent at " + location(call));
+            add("image/object/" + *text + ".bmp", neededBy);
         }
     }
     if (computed) {
-        notes << location(call) << ": note: " << name
+        notes << location(call) << ": note: " << function.name
               << " is given a name computed when the script runs; the files it can name are not all listed\n";
     }
 }

@@ -9,11 +9,11 @@
 #include "ScriptLinter.h"
 
 // Every file a level script can make the game read, found without running the script: the scripts
-// it imports; the maps named by loadMap and, in each, the piece pictures; the roles named by
-// addPlayer with their description, strips and weapon pictures; the gift-box pictures named by
-// addPresent; and what the game always loads: the status-bar pictures, the robot and the sounds.
-// A name is followed through text CONSTs, variables assigned texts and helper functions' parameters
-// (ArgumentTexts); a call whose name is computed otherwise gets a note.
+// it imports; the maps, roles and pictures that host functions' arguments name (their kinds in
+// HostFunctionTable.h): a map's piece pictures, a role's description, strips and weapon pictures; and what
+// the game always loads: the status-bar pictures, the robot and the sounds. A name is followed through text
+// CONSTs, variables assigned texts and helper functions' parameters (ArgumentTexts); a call whose name is
+// computed otherwise gets a note.
 class AssetList {
   public:
     explicit AssetList(const ScriptLinter& linter, std::ostream& notes);
@@ -34,6 +34,9 @@ class AssetList {
     void addMap(const std::string& path, const std::string& neededBy);
     void addRole(const std::string& role, const std::string& neededBy);
     void addHostCall(const ArgumentTexts& texts, const ArgumentTexts::Call& call, std::ostream& notes);
+    // The files one argument that names a map, a role or a picture can make the game read.
+    void addNamedFiles(const ArgumentTexts& texts, const ArgumentTexts::Call& call,
+                       const HostFunctionSignature& function, std::size_t argument, std::ostream& notes);
 
     std::vector<Asset> assets;
     std::set<std::string> followed;  // maps and role descriptions whose contents are listed

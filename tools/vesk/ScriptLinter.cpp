@@ -45,11 +45,6 @@ int lineCount(const std::string& text) {
 
 }  // namespace
 
-std::string ScriptLinter::fileDefining(const std::string& function) const {
-    auto found = definitions.find(function);
-    return found == definitions.end() ? "" : found->second;
-}
-
 void ScriptLinter::warn(int line, const std::string& text) {
     warnings << currentFile << ':' << line << ": warning: " << text << '\n';
     ++warningCount;
@@ -284,7 +279,6 @@ void ScriptLinter::noteFunction(const Tokens& line) {
     loopDepth = 0;
     bareDos.clear();
     currentFunction = line.size() > 1 ? line[1].text : "";
-    definitions.emplace(currentFunction, currentFile);
     std::vector<std::string> parameters;
     for (std::size_t i = 2; i < line.size(); ++i) {
         if (line[i].id == TokenName) {
@@ -330,7 +324,7 @@ void ScriptLinter::noteCall(const VeskToken& name, std::vector<ArgumentTexts::Ar
         warn(name.line, reads + ": the game reads only the last " +
                             (function->arity == 1 ? std::string("one") : std::to_string(function->arity)));
     }
-    if (std::string(function->name) == "system") {
+    if (function->kinds[0] == ARGUMENT_COMMAND) {
         warn(name.line,
              "system runs a shell command on the player's machine; only trusted scripts should "
              "be played");

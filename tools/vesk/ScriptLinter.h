@@ -9,13 +9,13 @@
 #include <vector>
 
 #include "ArgumentTexts.h"
-#include "HostFunctionTable.h"
 #include "script/VeskToken.h"
+#include "scripting/HostFunctionTable.h"
 
 // Reads a script and every file it imports the way the engine's lexer does and warns about what
 // the language accepts but an author most likely did not mean: chains of operators that group
 // otherwise than usual arithmetic, host calls with the wrong number of arguments, a last line
-// without a line end, an EXIT that leaves nothing, and shell commands run through "system".
+// without a line end, an EXIT that leaves nothing, and shell commands run through system.
 // Warnings go out as "FILE:LINE: warning: TEXT". On the way it notes what the asset list needs:
 // the files reached, and every call with the texts its arguments can hold.
 class ScriptLinter {
@@ -31,8 +31,6 @@ class ScriptLinter {
     const std::vector<std::string>& getScripts() const { return scripts; }
     // Every call of a function, the host's and the script's, with what its arguments can hold.
     const ArgumentTexts& getTexts() const { return texts; }
-    // The file that defines a script function, by upper-case name; empty when none does.
-    std::string fileDefining(const std::string& function) const;
 
   private:
     using Tokens = std::vector<VeskToken>;
@@ -60,5 +58,4 @@ class ScriptLinter {
     std::set<std::string> visited;
     std::string currentFunction;  // upper case; empty outside a function
     ArgumentTexts texts;
-    std::map<std::string, std::string> definitions;
 };

@@ -6,10 +6,10 @@
 #include <string>
 #include <utility>
 
-#include "HostFunctionTable.h"
 #include "core/MapFile.h"
 #include "scripting/BasicHostFunctions.h"
 #include "scripting/HostArguments.h"
+#include "scripting/HostFunctionTable.h"
 
 namespace {
 
@@ -53,61 +53,72 @@ int newObject(VeskVariable& result) {
     return id;
 }
 
-void followTheGame(const std::string& name, std::vector<VeskVariable>& stack, VeskVariable& result) {
-    if (name == "addPlayer") {
-        const Grevan::HostArguments arguments(stack, 6);
-        world.players[newObject(result)] = {arguments.integer(5), arguments.integer(6)};
-    } else if (name == "addPresent" || name == "addHiddenPresent") {
-        newObject(result);
-    } else if (name == "loadMap") {
-        // The game refuses a map it cannot use and keeps the level; a new level has no players.
-        Grevan::MapFile map;
-        if (map.read(Grevan::HostArguments(stack, 1).text(1).c_str())) {
-            world.players.clear();
-        } else {
-            std::cout << map.getRefusal() << std::endl;
+void followTheGame(HostFunctionId function, std::vector<VeskVariable>& stack, VeskVariable& result) {
+    const Grevan::HostArguments arguments(stack, function);
+    switch (function) {
+        case HOST_ADD_PLAYER:
+            world.players[newObject(result)] = {arguments.integer(5), arguments.integer(6)};
+            break;
+        case HOST_ADD_PRESENT:
+        case HOST_ADD_HIDDEN_PRESENT:
+            newObject(result);
+            break;
+        case HOST_LOAD_MAP: {
+            // The game refuses a map it cannot use and keeps the level; a new level has no players.
+            Grevan::MapFile map;
+            if (map.read(arguments.text(1).c_str())) {
+                world.players.clear();
+            } else {
+                std::cout << map.getRefusal() << std::endl;
+            }
+            break;
         }
-    } else if (name == "playerDoMove") {
-        const Grevan::HostArguments arguments(stack, 3);
-        auto player = world.players.find(arguments.integer(1));
-        if (player != world.players.end()) {
-            player->second.x = arguments.integer(2);
+        case HOST_PLAYER_DO_MOVE: {
+            auto player = world.players.find(arguments.integer(1));
+            if (player != world.players.end()) {
+                player->second.x = arguments.integer(2);
+            }
+            break;
         }
-    } else if (name == "waitForPlayerAction") {
-        const Grevan::HostArguments arguments(stack, 1);
-        if (!world.players.count(arguments.integer(1))) {
-            std::cerr << "vesk: " << arguments.text(1)
-                      << " is no player: the game would wait here for ever\n";
+        case HOST_WAIT_FOR_PLAYER_ACTION:
+            if (!world.players.count(arguments.integer(1))) {
+                std::cerr << "vesk: " << arguments.text(1)
+                          << " is no player: the game would wait here for ever\n";
+            }
+            break;
+        case HOST_PLAYER_X:
+        case HOST_PLAYER_Y: {
+            auto player = world.players.find(arguments.integer(1));
+            if (player != world.players.end()) {
+                result.setInteger(function == HOST_PLAYER_X ? player->second.x : player->second.y);
+            }
+            break;
         }
-    } else if (name == "playerX" || name == "playerY") {
-        auto player = world.players.find(Grevan::HostArguments(stack, 1).integer(1));
-        if (player != world.players.end()) {
-            result.setInteger(name == "playerX" ? player->second.x : player->second.y);
-        }
+        default:
+            break;
     }
 }
 
-// One function per name, since a host function is a plain function pointer that does not know
-// the name it was registered under.
-template <std::size_t Index>
+// One function per host function, since a host function is a plain function pointer that does not
+// know the name it was registered under.
+template <HostFunctionId Function>
 void standIn(std::vector<VeskVariable>& stack, VeskVariable& result, int argumentCount) {
     if (world.callsLeft-- <= 0) {
         throw HostCallLimitReached{world.maxCalls};
     }
-    const std::string name = kHostFunctions[Index].name;
-    if (name == "print") {
+    if (Function == HOST_PRINT) {
         Grevan::print(stack, result, argumentCount);
-    } else if (name == "isNull") {
+    } else if (Function == HOST_IS_NULL) {
         Grevan::isNull(stack, result, argumentCount);
     } else {
-        reportCall(kHostFunctions[Index].name, stack, argumentCount);
-        followTheGame(name, stack, result);
+        reportCall(kHostFunctions[Function].name, stack, argumentCount);
+        followTheGame(Function, stack, result);
     }
 }
 
 template <std::size_t... Index>
-void registerAll(VeskScript& script, std::index_sequence<Index...>) {
-    (script.addFunction(kHostFunctions[Index].name, &standIn<Index>), ...);
+constexpr HostFunctionBindings standIns(std::index_sequence<Index...>) {
+    return {{{static_cast<HostFunctionId>(Index), &standIn<static_cast<HostFunctionId>(Index)>}...}};
 }
 
 }  // namespace
@@ -116,5 +127,8 @@ void registerStandInHostFunctions(VeskScript& script, long maxCalls) {
     world = DryRunWorld();
     world.callsLeft = maxCalls;
     world.maxCalls = maxCalls;
-    registerAll(script, std::make_index_sequence<kHostFunctionCount>());
+    static constexpr HostFunctionBindings kStandIns =
+        standIns(std::make_index_sequence<HOST_FUNCTION_COUNT>());
+    static_assert(bindsEveryHostFunctionInOrder(kStandIns), "a stand-in for every host function");
+    registerHostFunctions(script, kStandIns);
 }

@@ -8,7 +8,7 @@ struct HostCallLimitReached {
     long limit;
 };
 
-// Registers the game's 29 host functions for a dry run. "print" and "isNull" behave as in the
+// Registers the game's 29 host functions for a dry run. print and isNull behave as in the
 // game; every other one is a stand-in that writes one line naming the call and its arguments to
 // standard error, e.g. addPlayer(0, 255, "soldier", "Hero", 100, 200), and follows the game where
 // a script's course depends on it:

@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "AssetList.h"
-#include "ErrorLocation.h"
 #include "ScriptLinter.h"
 #include "StandInHostFunctions.h"
 #include "script/VeskScript.h"
@@ -34,6 +33,13 @@ struct Options {
     long maxCalls = kDefaultMaxCalls;
     std::vector<std::string> operands;
 };
+
+// The error once more in the compiler's form, FILE:LINE: error: TEXT, naming the file it lies in
+// (the main file when the engine names none) and leaving out a line it does not know.
+std::string located(const VeskError& error, const std::string& mainFile) {
+    const std::string& file = error.file.empty() ? mainFile : error.file;
+    return file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ": error: " + error.describe();
+}
 
 // False on wrong usage.
 bool readOptions(int argc, char** argv, Options& options) {
@@ -84,7 +90,7 @@ int loadAndRun(const Options& options) {
     registerStandInHostFunctions(script, options.maxCalls);
     if (!script.load(file)) {
         std::cout << "Script error: " << script.getLastError() << "\n";
-        std::cerr << locateScriptError(file, script.getLastError()) << "\n";
+        std::cerr << located(script.getLastErrorParts(), file) << "\n";
         return 1;
     }
     if (checking) {
@@ -93,7 +99,7 @@ int loadAndRun(const Options& options) {
     try {
         if (!script.run(options.operands.size() > 1 ? options.operands[1] : "Main")) {
             std::cout << "Runtime error: " << script.getLastError() << "\n";
-            std::cerr << locateRuntimeError(linter, file, script.getLastError()) << "\n";
+            std::cerr << located(script.getLastErrorParts(), file) << "\n";
             return 1;
         }
     } catch (const HostCallLimitReached& stop) {
