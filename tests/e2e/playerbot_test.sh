@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # The player bot (tools/playerbot) plays with real mouse and keys only. First the sight must follow
 # the hand's strokes at rest; then a raider stands 300 pixels to the hero's right on the meadow and
-# falls to the gun, and one 300 pixels to his left falls to the pistol. The hero has fewer rounds
-# than twice what the bot needs, so shots that the input loses make the test fail. The bot sees the
+# falls to the gun, and one 300 pixels to his left falls to the pistol, each with the campaign's
+# health for an opponent. The hero has fewer rounds than twice what the bot needs, so shots that
+# the input loses make the test fail. The bot sees the
 # world only through the "observe: " lines the level prints, and its own sight on the screen.
 source "$(dirname "$0")/lib.sh"
 
@@ -17,9 +18,11 @@ CONST Ground = 520
 CONST StandHeight = 50
 CONST HeroX = 1850
 CONST Distance = 300
-' A raider's first chest hits take 6 of his 100 health; the bot needs some 17 rounds a raider.
-CONST GunRounds = 32
-CONST PistolRounds = 32
+' As in the campaign, a raider has 36 health and a hit on his chest takes 6: the bot needs some
+' 6 rounds a raider.
+CONST RaiderHealth = 36
+CONST GunRounds = 11
+CONST PistolRounds = 11
 ' Long enough for a player dropped onto the ground to stand on it.
 CONST Landing = 1500
 
@@ -57,6 +60,7 @@ FUNCTION AddRaider(X)
   DIM Id
   Id = addPlayer(1, RaiderColour, "raider", "Raider", X, Ground - StandHeight)
   showObject(Id)
+  setPlayerHealth(Id, RaiderHealth)
   setPlayerAIMode(Id, 1)
   AddRaider = Id
 END FUNCTION

@@ -18,6 +18,7 @@ import subprocess
 import sys
 import time
 
+from observer import Observer
 from xsession import XSession
 
 GREEN = b"\x00\xff\x00"  # the sight's colour as a BGRX pixel's first three bytes
@@ -25,48 +26,6 @@ REST_DIVERGENCE = 5  # pixels between the sight's centre and its arms when it ha
 # Where the bot aims, in pixels above a player's centre (a player is 48 pixels tall).
 AIM_HEIGHTS = {"head": 18, "chest": 8, "belly": 0}
 WEAPON_KEYS = {"gun": "1", "pistol": "2"}
-
-
-class Observer:
-    """Reads the observer's lines from the game's standard output as they are written."""
-
-    PREFIX = "observe: "
-
-    def __init__(self, path):
-        self._path = path
-        self._offset = 0
-        self._partial = ""
-        self.hero = None  # (x, y), the hero's centre in level pixels
-        self.foes = {}  # id -> (x, y), opponents standing
-        self.down = set()  # ids of players who fell
-        self.go = False  # the controls are the player's
-
-    def poll(self):
-        try:
-            with open(self._path, "r", errors="replace") as log:
-                log.seek(self._offset)
-                text = log.read()
-                self._offset = log.tell()
-        except FileNotFoundError:
-            return
-        lines = (self._partial + text).split("\n")
-        self._partial = lines.pop()
-        for line in lines:
-            if line.startswith(self.PREFIX):
-                self._take(line[len(self.PREFIX):].split())
-
-    def _take(self, words):
-        if not words:
-            return
-        if words[0] == "go":
-            self.go = True
-        elif words[0] == "hero" and len(words) == 3:
-            self.hero = (int(words[1]), int(words[2]))
-        elif words[0] == "foe" and len(words) == 4:
-            self.foes[int(words[1])] = (int(words[2]), int(words[3]))
-        elif words[0] == "down" and len(words) >= 2:
-            self.down.add(int(words[1]))
-            self.foes.pop(int(words[1]), None)
 
 
 class Camera:
@@ -96,11 +55,18 @@ class Eye:
     def __init__(self, session, window, width, height):
         self._session, self._window = session, window
         self._size = (width, height)
+        self.last = None  # the last look: (data, stride)
+
+    def look(self):
+        grabbed = self._session.grab(self._window, *self._size)
+        if grabbed:
+            self.last = grabbed
+        return grabbed
 
     def sight(self):
         """(x, y, divergence) in window pixels, or None when no sight is drawn (a speech bubble
         hides it)."""
-        grabbed = self._session.grab(self._window, *self._size)
+        grabbed = self.look()
         if not grabbed:
             return None
         data, stride = grabbed
@@ -130,6 +96,7 @@ class Hand:
         self._speed = speed  # pixels a second
         self._reaction = reaction  # seconds
         self._last_press = 0.0
+        self._last_change = 0.0
         self.presses = 0
         self.held = 0.0  # seconds the fire button was down
 
@@ -165,11 +132,11 @@ class Hand:
         if wait > 0:
             time.sleep(wait)
         self._last_press = time.monotonic()
-        self._session.button(1, True)
+        self._change(self._session.button, 1, True)
         self.presses += 1
 
     def release(self):
-        self._session.button(1, False)
+        self._change(self._session.button, 1, False)
         self.held += time.monotonic() - self._last_press
 
     def tap(self, seconds):
@@ -179,9 +146,23 @@ class Hand:
 
     def key(self, name, seconds=0.15):
         """A key held long enough for a slow frame to see it."""
-        self._session.key(name, True)
+        self._change(self._session.key, name, True)
         time.sleep(seconds)
-        self._session.key(name, False)
+        self._change(self._session.key, name, False)
+
+    def hold(self, name, down):
+        """Presses (down) or lets go of a key and leaves it so."""
+        self._change(self._session.key, name, down)
+
+    def _change(self, send, name, down):
+        """Sends a key or button change, a tenth of a second after the one before at the
+        soonest: the game acts on only the last change of a frame, and a hand letting go of one
+        key and pressing the next takes about that long anyway."""
+        wait = self._last_change + 0.1 - time.monotonic()
+        if wait > 0:
+            time.sleep(wait)
+        send(name, down)
+        self._last_change = time.monotonic()
 
 
 class Bot:
@@ -265,7 +246,11 @@ class Bot:
         if foe not in self.observer.foes:
             return None
         x, y = self.observer.foes[foe]
-        return self.camera.to_view(self.observer.hero, (x, y - AIM_HEIGHTS[self.args.aim]))
+        return self.to_view((x, y - AIM_HEIGHTS[self.args.aim]))
+
+    def to_view(self, point):
+        """Where a level point shows in the window."""
+        return self.camera.to_view(self.observer.hero, point)
 
     def correct(self, seen, target):
         """Moves the hand from the sight seen to the target, then waits until the screen shows
@@ -383,11 +368,11 @@ def read_level_size(path):
     return int(fields[1]), int(fields[2])
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__,
+def options(description):
+    """The options of the bot's hand and eye, shared by the tools that drive it."""
+    parser = argparse.ArgumentParser(description=description,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--log", required=True, help="the game's standard output, as a file")
-    parser.add_argument("--map", required=True, help="the map file of the level played")
     parser.add_argument("--window", type=int, help="the game window's id")
     parser.add_argument("--title", default="Collision Test", help="or its title")
     parser.add_argument("--aim", choices=sorted(AIM_HEIGHTS), default="chest")
@@ -402,13 +387,25 @@ def main():
     parser.add_argument("--hand-speed", type=int, default=1200, help="pointer pixels a second")
     parser.add_argument("--timeout", type=float, default=120.0, help="seconds a step may take")
     parser.add_argument("--seed", type=int, help="for the random parts of the reaction")
-    parser.add_argument("steps", nargs="+")
+    return parser
+
+
+def parse(parser):
+    """The arguments, refused where they ask for more than a person's hand."""
     args = parser.parse_args()
     if args.reaction < 150:
         parser.error("a person reacts in 150 ms at the soonest")
     if args.hand_speed > 2500:
         parser.error("a hand moving a mouse with care peaks below 2500 pixels a second")
     random.seed(args.seed)
+    return args
+
+
+def main():
+    parser = options(__doc__)
+    parser.add_argument("--map", required=True, help="the map file of the level played")
+    parser.add_argument("steps", nargs="+")
+    args = parse(parser)
     Bot(args).run(args.steps)
 
 
