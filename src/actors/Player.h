@@ -39,6 +39,7 @@ class Player : public RealBody {
     // Players walk through blood and corpses; bumping into anything but the board ends a
     // scripted walk.
     bool collide(Object* other) override;
+    Player* asPlayer() override { return this; }
     virtual void doFire();
     // One frame of walking: a step in the air, a push on the ground.
     virtual void doMove(Facing facing);

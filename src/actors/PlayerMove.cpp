@@ -99,10 +99,11 @@ void Player::draw(BITMAP* target, int cameraX, int cameraY) {
 }
 
 bool Player::collide(Object* other) {
-    if (dynamic_cast<Blood*>(other)) {
+    // Blood is a body: the pieces of the level, most of what a player touches, skip the cast.
+    if (other->asBody() && dynamic_cast<Blood*>(other)) {
         return false;
     }
-    Player* otherPlayer = dynamic_cast<Player*>(other);
+    Player* otherPlayer = other->asPlayer();
     if (otherPlayer && !otherPlayer->isAlive()) {
         return false;
     }

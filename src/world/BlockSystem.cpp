@@ -75,7 +75,7 @@ const std::vector<Object*>& BlockSystem::getCell(unsigned row, unsigned column) 
 
 int BlockSystem::outlineColour(Object* o) const {
     // A player's own colour lets its own line tests pass through its outline.
-    if (Player* player = dynamic_cast<Player*>(o)) {
+    if (Player* player = o->asPlayer()) {
         return player->getColor();
     }
     return defaultColour;
@@ -140,7 +140,7 @@ bool BlockSystem::checkCollision(Object* o, int x1, int y1, int x2, int y2) {
     // A pair whose rectangles do not overlap cannot collide, and the only thing collide does for
     // one is to set a body free of its board; such pairs are decided here, without the virtual
     // call. The body's board is read afresh for every candidate, since a landing changes it.
-    RealBody* body = dynamic_cast<RealBody*>(o);
+    RealBody* body = o->asBody();
     Rect own = *o->getRectangle();
     forEachCell(x1, y1, x2, y2, [&](std::vector<Object*>& cell) {
         for (Object* p : cell) {

@@ -45,7 +45,7 @@ void Object::die() {
 }
 
 bool Object::collide(Object* other) {
-    RealBody* body = dynamic_cast<RealBody*>(this);
+    RealBody* body = asBody();
     Rect a = *getRectangle();
     Rect b = *other->getRectangle();
 

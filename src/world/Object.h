@@ -12,6 +12,7 @@
 
 namespace Grevan {
 
+class Player;
 class RealBody;
 
 // Side codes handed to handleCollision: the side of the receiving object that touched the other.
@@ -39,6 +40,10 @@ class Object {
     // change nothing; the block map skips such pairs without asking.
     virtual bool collide(Object* other);
     virtual void handleCollision(int side, Object* other);
+    // What kind of thing this is, asked on every collision: a failing dynamic_cast compares
+    // type names letter by letter, which the physics of many frames adds up to.
+    virtual RealBody* asBody() { return nullptr; }
+    virtual Player* asPlayer() { return nullptr; }
 
     // Loads a picture of the object's own; on failure the object keeps its size and picture.
     bool loadImage(const char* path);

@@ -62,11 +62,11 @@ void ObjectSystem::moveObject(Object* o) {
 
 void ObjectSystem::letGo(Object* o) {
     // A player that touches nothing stands on nothing.
-    if (Player* player = dynamic_cast<Player*>(o)) {
+    if (Player* player = o->asPlayer()) {
         player->setFree(true);
         player->setBoard(nullptr);
     }
-    if (RealBody* body = dynamic_cast<RealBody*>(o)) {
+    if (RealBody* body = o->asBody()) {
         body->releaseRoad();
     }
 }

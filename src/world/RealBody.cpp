@@ -105,7 +105,7 @@ void RealBody::handleCollision(int side, Object* other) {
 void RealBody::land(Object* other) {
     velocity.y = 0.0f;
     setBoard(other);
-    if (RealBody* otherBody = dynamic_cast<RealBody*>(other)) {
+    if (RealBody* otherBody = other->asBody()) {
         otherBody->road.push_back(this);
         carriers.push_back(otherBody);
     }

@@ -22,6 +22,7 @@ class RealBody : public Object {
 
     void move() override;
     void handleCollision(int side, Object* other) override;
+    RealBody* asBody() override { return this; }
 
     int getMass() const { return mass; }
     void setMass(int m) { mass = m; }

@@ -2,7 +2,8 @@
 # The level editor driven as an author drives it: on a copy of the meadow, a crate is chosen in
 # the palette and placed, dragged, the drag undone and redone, the crate made decoration and the
 # level saved. The game's own map reader then finds the meadow's pieces unchanged and the crate
-# last, where the drag left it on the grid; the previous file is kept as meadow.map~.
+# last, where the drag left it on the grid; the previous file is kept as meadow.map~. Then the
+# reach overlay is turned on.
 source "$(dirname "$0")/lib.sh"
 
 MAPEDIT="$(dirname "$GREVAN_BIN")/mapedit"
@@ -39,6 +40,14 @@ expected="$(echo "$original" | sed '1s/46 pieces/47 pieces/')
 crate.bmp decoration 430 310"
 [ "$saved" = "$expected" ] || e2e_fail "saved pieces differ: $(diff <(echo "$expected") <(echo "$saved"))"
 cmp -s "$E2E_WORK/maps/meadow.map~" "$GREVAN_DATA/maps/meadow.map" || e2e_fail "meadow.map~ is not the old map"
+
+# H: the reach overlay from the resting mouse, on a worker thread; its reachable spans are blue.
+e2e_key h
+reachable() {
+    [ "$(/usr/bin/convert "$(e2e_screenshot reach)" -fill black +opaque "rgb(30,90,255)" -fill white \
+        -opaque "rgb(30,90,255)" -format "%[fx:mean>0]" info:)" = 1 ]
+}
+e2e_until 10 reachable || e2e_fail "no reachable span drawn after H"
 
 # Saved: quitting asks nothing.
 e2e_key ctrl+q

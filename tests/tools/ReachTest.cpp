@@ -1,13 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <memory>
 #include <string>
+#include <thread>
 #include <tuple>
 #include <vector>
 
 #include "ReachAnalysis.h"
 #include "ReachOverlay.h"
 #include "ReachReplay.h"
+#include "ReachWorker.h"
 #include "support/HeadlessGame.h"
 
 namespace {
@@ -73,6 +77,28 @@ TEST_F(ReachTest, KnowsTheLimitsOfJumpsGapsPitsAndCeilings) {
         EXPECT_EQ(result.spans[span].reachable, known.reachable) << known.what;
         EXPECT_FALSE(result.bounded) << known.what;
     }
+}
+
+// An editor asks again after every edit: the answer it gets is for the level as last asked, never
+// a search of an older version finishing after it. The second request, a short floor the player
+// soon falls off, comes while the first, a long level, is still being searched.
+TEST_F(ReachTest, WorkerAnswersTheLatestRequestForTheLevelAsLastAsked) {
+    ReachWorker worker;
+    const auto asked = [](Pieces pieces, long tag) {
+        return ReachJob{std::make_shared<const ReachLevel>(2400, 1000, std::move(pieces)), {100, 499}, tag};
+    };
+    worker.request(asked({{0, 500, 2400, 80}, {300, 345, 120, 24}}, 1));
+    worker.request(asked({{0, 500, 200, 80}}, 2));
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while ((worker.isSearching() || !worker.latest()) && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    const std::shared_ptr<const ReachAnswer> answer = worker.latest();
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->job.tag, 2);
+    EXPECT_EQ(answer->result.spans.size(), answer->job.level->getSpans().size());
+    EXPECT_EQ(answer->result.spans.size(), 8u);  // a floor of 200 pixels in spans of 25
+    EXPECT_FALSE(answer->result.cancelled);
 }
 
 // The editor draws the overlay over a view with a camera and a zoom: a level point p lands on

@@ -35,6 +35,7 @@ const char* const kHelp[][2] = {
     {"I", "pick the selected piece's picture into the palette"},
     {"G", "grid step: off, 5, 10, 25, 50"},
     {"O", "collision outlines on / off"},
+    {"H", "how far the player gets from the start point or the mouse"},
     {"V, B", "decoration, solid pieces: shown, dimmed, hidden"},
     {"Shift+V, Shift+B", "lock / unlock decoration, solid pieces"},
     {"P", "level properties: size, background colour"},
@@ -61,6 +62,7 @@ EditorWindow::EditorWindow(std::string game)
       palette(kPictureFolder),
       buffer(create_bitmap(kWidth, kHeight)) {
     set_close_button_callback(requestClose);
+    view.addOverlay(&reach);
 }
 
 void EditorWindow::run(const std::string& path) {
@@ -95,6 +97,7 @@ void EditorWindow::run(const std::string& path) {
         lastInput = input;
         handleMouse();
         autosaveWhenDue();
+        changed = reach.update(pointedInView()) || changed;
         const auto now = std::chrono::steady_clock::now();
         if (changed || now - lastDrawn >= kRedrawAnyway) {
             redraw();
@@ -261,12 +264,7 @@ void EditorWindow::redraw() {
     BITMAP* target = buffer.get();
     BITMAP* level = create_sub_bitmap(target, 0, 0, kViewWidth, kViewHeight);
     BITMAP* pictures = create_sub_bitmap(target, kViewWidth, 0, PicturePalette::kWidth, kViewHeight);
-    const int x = mouse_x;
-    const int y = mouse_y;
-    options.mouse.reset();
-    if (isOverView(x, y) && !prompt && !form) {
-        options.mouse = levelAt(x, y);
-    }
+    options.mouse = pointedInView();
     options.ghost = palette.getChosen();
     if (options.mouse && !options.ghost.empty()) {
         options.ghostAt = brushCorner(*options.mouse);
@@ -333,7 +331,8 @@ void EditorWindow::drawStatus(BITMAP* target) {
     } else {
         textout_ex(target, font, message.c_str(), 6, top + 29, makecol(150, 200, 255), -1);
     }
-    textout_right_ex(target, font, "F1: keys", kWidth - 6, top + 29, makecol(150, 150, 160), -1);
+    textout_right_ex(target, font, (reach.status() + "    F1: keys").c_str(), kWidth - 6, top + 29,
+                     makecol(150, 150, 160), -1);
 }
 
 void EditorWindow::drawHelp(BITMAP* target) const {

@@ -12,6 +12,7 @@
 #include "MapEditor.h"
 #include "PicturePalette.h"
 #include "PropertiesForm.h"
+#include "ReachLayer.h"
 #include "ViewTransform.h"
 #include "world/OwnedBitmap.h"
 
@@ -83,6 +84,8 @@ class EditorWindow {
     LevelPoint playStart();
     // The level point under the mouse, or at the middle of the view when the mouse is elsewhere.
     LevelPoint pointed() const;
+    // The level point under the mouse while it is over the view and no prompt or form has it.
+    std::optional<LevelPoint> pointedInView() const;
 
     // Drawing.
     void redraw();
@@ -98,6 +101,7 @@ class EditorWindow {
     std::string game;
     EditorView view;
     MapEditor editor;
+    ReachLayer reach{editor, view};
     PicturePalette palette;
     std::string mapPath;  // empty for a level never saved
     Grevan::OwnedBitmap buffer;

@@ -50,6 +50,13 @@ LevelPoint EditorWindow::playStart() {
     return pointed();
 }
 
+std::optional<LevelPoint> EditorWindow::pointedInView() const {
+    if (isOverView(mouse_x, mouse_y) && !prompt && !form) {
+        return levelAt(mouse_x, mouse_y);
+    }
+    return std::nullopt;
+}
+
 LevelPoint EditorWindow::pointed() const {
     return isOverView(mouse_x, mouse_y) ? levelAt(mouse_x, mouse_y)
                                         : levelAt(kViewWidth / 2, kViewHeight / 2);
@@ -261,6 +268,13 @@ bool EditorWindow::handleViewKey(int scancode, bool shift) {
         case KEY_O:
             options.outlines = !options.outlines;
             return true;
+        case KEY_H: {
+            std::string refusal;
+            if (!reach.toggle(refusal)) {
+                say(refusal);
+            }
+            return true;
+        }
         case KEY_1:
         case KEY_2:
         case KEY_3:

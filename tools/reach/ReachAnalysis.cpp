@@ -1,5 +1,6 @@
 #include "ReachAnalysis.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -29,6 +30,12 @@ struct StateKey {
 class SeenStates {
   public:
     SeenStates() : slots(kFirstSize) {}
+
+    // Forgets every key and keeps the room, so that the next search starts without growing.
+    void clear() {
+        std::fill(slots.begin(), slots.end(), Slot{});
+        count = 0;
+    }
 
     // Whether a state of this key is to be followed: the key is new, or the state lies farther
     // left or right, or moves faster either way, than those followed from it so far, by more than
@@ -172,8 +179,16 @@ const std::atomic<bool> kNeverCancelled{false};
 
 }  // namespace
 
+// What one search builds up, kept from search to search: an editor searches again after every
+// edit, and a search of the fortress fills some 30 MB of each, which the memory would otherwise
+// have to hand over, page by page, and the vector move, each time.
+struct ReachAnalysis::Scratch {
+    std::vector<Node> nodes;
+    SeenStates seen;
+};
+
 ReachAnalysis::ReachAnalysis(const std::string& role)
-    : player(std::make_unique<Grevan::Player>("reach", role)) {}
+    : player(std::make_unique<Grevan::Player>("reach", role)), scratch(std::make_unique<Scratch>()) {}
 
 ReachAnalysis::~ReachAnalysis() = default;
 
@@ -186,8 +201,10 @@ ReachResult ReachAnalysis::run(const ReachLevel& level, ReachPoint start, const 
     result.start = start;
     ReachWorld world(level, std::move(player));
     std::vector<Arrival> arrivals(level.getSpans().size());
-    std::vector<Node> nodes{{world.startAt(start.x, start.y), -1, ReachInput{}, 0, 0}};
-    SeenStates seen;
+    std::vector<Node>& nodes = scratch->nodes;
+    nodes.assign(1, Node{world.startAt(start.x, start.y), -1, ReachInput{}, 0, 0});
+    SeenStates& seen = scratch->seen;
+    seen.clear();
     seen.admit(keyOf(nodes[0].state, bounds), nodes[0].state, bounds);
     for (std::size_t at = 0; at < nodes.size(); ++at) {
         if (at % 1024 == 0 && cancel.load(std::memory_order_relaxed)) {

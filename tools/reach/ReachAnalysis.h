@@ -77,5 +77,8 @@ class ReachAnalysis {
     ReachBounds bounds;
 
   private:
+    struct Scratch;
+
     std::unique_ptr<Grevan::Player> player;  // lent to each search's world
+    std::unique_ptr<Scratch> scratch;
 };

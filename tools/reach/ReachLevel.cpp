@@ -53,14 +53,18 @@ void ReachLevel::cutSurfaces() {
 
 void ReachLevel::addSpans(int left, int right, int y) {
     for (int from = left; from <= right; from += kSpanWidth) {
-        rows[y].push_back(static_cast<int>(spans.size()));
+        auto row = rows.begin() + (firstRowFrom(y) - rows.begin());
+        if (row == rows.end() || row->y != y) {
+            row = rows.insert(row, Row{y, {}});
+        }
+        row->spans.push_back(static_cast<int>(spans.size()));
         spans.push_back(ReachSpan{from, std::min(right, from + kSpanWidth - 1), y});
     }
 }
 
 int ReachLevel::spanBelow(int x, int y) const {
-    for (auto row = rows.lower_bound(y); row != rows.end(); ++row) {
-        for (int index : row->second) {
+    for (auto row = firstRowFrom(y); row != rows.end(); ++row) {
+        for (int index : row->spans) {
             if (spans[index].left <= x && x <= spans[index].right) {
                 return index;
             }

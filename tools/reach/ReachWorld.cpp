@@ -51,9 +51,26 @@ ReachState ReachWorld::capture() const {
     return state;
 }
 
+namespace {
+
+// Whether the block map files two rectangles under the same cells: it finds them by the same
+// truncating division of their edges.
+bool isInSameCells(const Rect& a, const Rect& b) {
+    const int size = Grevan::BlockSystem::kCellSize;
+    return a.left / size == b.left / size && a.top / size == b.top / size &&
+           a.right / size == b.right / size && a.bottom / size == b.bottom / size;
+}
+
+}  // namespace
+
 void ReachWorld::restore(const ReachState& state) {
-    blocks.removeObject(player);
+    // The step takes the player out of the cells of its rectangle as restored before it moves:
+    // it is left in the grid when those are the cells it is filed under, which they mostly are.
+    const Rect filed = *player->getRectangle();
     player->setPosition(state.position);
+    if (!isInSameCells(filed, *player->getRectangle())) {
+        blocks.removeObject(player, filed.left, filed.top, filed.right, filed.bottom);
+    }
     player->setVelocity(state.velocity);
     player->setAcceleration(state.acceleration);
     player->setFree(state.free);

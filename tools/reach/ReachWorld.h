@@ -26,10 +26,9 @@ struct ReachState {
 // rigid body and player code, and nothing else: no opponents, bullets, gift boxes or script.
 // Its state can be taken and put back, so that a search can try every input from a state
 // without playing the frames before it again. The block map's grid is there, its picture of
-// outlines is not: nothing here asks a line query. Between restore() and the next step the player
-// is out of the grid, where only other movers would look for it, and there are none; the step's
-// move enters it again. Touches no file and no global state of the game:
-// a worker thread may run it while Allegro draws elsewhere.
+// outlines is not: nothing here asks a line query. After restore() the player is filed under the
+// cells of its restored rectangle, or under none, as the step's move expects to take it out of them. Touches
+// no file and no global state of the game: a worker thread may run it while Allegro draws elsewhere.
 class ReachWorld {
   public:
     // The player is lent for the world's lifetime; release() gives it back.
