@@ -280,7 +280,7 @@ class VeskScript {
     bool holds(VeskSyntaxNode* condition) {
         VeskNumber number;
         if (numberPath(condition, number)) {
-            return number.asInteger() != 0;
+            return number.isTrue();
         }
         return conditionHoldsGenerally(condition);
     }
