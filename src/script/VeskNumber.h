@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -23,6 +24,9 @@ struct VeskNumber {
     }
     std::int32_t asInteger() const { return isFloat ? VeskVariable::truncated(real) : integer; }
     float asFloat() const { return isFloat ? real : static_cast<float>(integer); }
+    // asInteger() != 0 without the truncation's call: a float truncates to zero exactly when it
+    // is NaN or lies strictly between -1 and 1.
+    bool isTrue() const { return isFloat ? std::fabs(real) >= 1.0f : integer != 0; }
     // Gives `target` this number as a whole-value copy of a freshly computed one would.
     void storeInto(VeskVariable& target) const {
         if (isFloat) {

@@ -252,28 +252,35 @@ class VeskScript {
         if (!kFastPaths || expression->hasCall) {
             return false;
         }
+        if (expression->leafOperands) {
+            return numberLeaves(expression, value);
+        }
         // Integers first: most trees hold nothing else, and their walk is the shorter one.
         value.isFloat = false;
-        if (expression->leafOperands ? tryIntegerLeaves(expression, value.integer)
-                                     : tryIntegerExpression(expression, value.integer)) {
+        if (tryIntegerExpression(expression, value.integer)) {
             return true;
         }
         return tryNumberExpression(expression, value);
     }
-    // An operation on two leaves that hold integers, computed without a call: a loop's test and
-    // step are such operations.
-    bool tryIntegerLeaves(VeskSyntaxNode* operation, std::int32_t& value) {
+    // The number path of an operation on two leaves, which a loop's test and step and most
+    // assignments are: each leaf is read once, whatever kinds of number they hold.
+    bool numberLeaves(VeskSyntaxNode* operation, VeskNumber& value) {
         const VeskVariable& left = leafValue(operation->left);
         const VeskVariable& right = leafValue(operation->right);
-        return left.type == VeskVariable::TypeInteger && right.type == VeskVariable::TypeInteger &&
-               integerOperation(operation, left.integerValue, right.integerValue, value);
+        if (left.type == VeskVariable::TypeInteger && right.type == VeskVariable::TypeInteger) {
+            value.isFloat = false;
+            return integerOperation(operation, left.integerValue, right.integerValue, value.integer);
+        }
+        return mixedNumberLeaves(operation, left, right, value);
     }
+    bool mixedNumberLeaves(const VeskSyntaxNode* operation, const VeskVariable& left,
+                           const VeskVariable& right, VeskNumber& value);
     // Whether a condition holds, its number path inline: for the loops, whose test runs on every
     // pass. conditionHolds is the same, out of line.
     bool holds(VeskSyntaxNode* condition) {
         VeskNumber number;
         if (numberPath(condition, number)) {
-            return number.asInteger() != 0;
+            return number.isTrue();
         }
         return conditionHoldsGenerally(condition);
     }

@@ -241,6 +241,15 @@ bool VeskScript::tryNumberExpression(VeskSyntaxNode* node, VeskNumber& value) {
     }
 }
 
+// Out of line: floats and mixed operands are the rarer case of two leaves.
+bool VeskScript::mixedNumberLeaves(const VeskSyntaxNode* operation, const VeskVariable& left,
+                                   const VeskVariable& right, VeskNumber& value) {
+    VeskNumber leftNumber;
+    VeskNumber rightNumber;
+    return leftNumber.read(left) && rightNumber.read(right) &&
+           numberOperation(operation, leftNumber, rightNumber, value);
+}
+
 bool VeskScript::conditionHolds(VeskSyntaxNode* expression) {
     return holds(expression);
 }
