@@ -151,7 +151,7 @@ const ShippedLevel kShippedLevels[] = {
      {{"medkit", {1565, 480}},
       {"ammo", {1595, 410}},
       {"medkit", {2615, 480}},
-      {"grenades", {2235, 390}},
+      {"grenades", {2175, 390}},
       {"hidden grenades", {3140, 490}}},
      {{"Sentry", feetOn(650, 520)},
       {"Sentry at his post", feetOn(820, 520)},
