@@ -13,8 +13,11 @@ It prints a line per level and, with --table, appends one CSV row per level to F
 the attempts it took, the seconds from the first hand-over to the last opponent down (retries
 included), the rounds fired (the bot's taps: a 100 ms tap fires one round, as the gun needs 7
 frames between two), the hits seen (new drops of blood around the aim point within a fifth of a
-second of a tap), and the health the status bar shows when the last opponent falls."""
+second of a tap), the health the status bar shows when the last opponent falls, the campaign's
+seconds (so far, when it was not finished), whether the level was won and whether the campaign
+was. The rows are written also when the bot gives up or is stopped (SIGTERM)."""
 
+import signal
 import sys
 import threading
 import time
@@ -102,7 +105,7 @@ class CampaignBot(Bot):
         seen = self.observer
         level, attempt = seen.level, seen.attempt
         record = self.records.setdefault(level, dict(attempts=0, time=0.0, rounds=0, hits=0,
-                                                     health=0))
+                                                     health=0, won=False))
         record["attempts"] = attempt
         width = read_level_size(self.maps[level - 1])[0]
         self.scroll = ScrollTracker(self.camera.view[0], width)
@@ -124,6 +127,7 @@ class CampaignBot(Bot):
         self.hits = 0
         if not seen.lost:
             record["health"] = self.health()
+            record["won"] = True
         self.say("level %d, attempt %d: %s after %.1f s, health %d" % (level, attempt,
                  "lost" if seen.lost else "won", time.monotonic() - began, record["health"]))
 
@@ -242,14 +246,28 @@ def main():
     parser.add_argument("--table", help="a CSV file to which a row per level is appended")
     parser.add_argument("--run", default="1", help="the run's name in the table")
     args = parse(parser)
+    # A run stopped from outside (run.sh's time limit) still leaves its rows.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("bot: stopped from outside"))
     bot = CampaignBot(args)
-    total = bot.play()
-    if args.table:
-        with open(args.table, "a") as table:
-            for level in sorted(bot.records):
-                r = bot.records[level]
-                table.write("%s,%d,%d,%.1f,%d,%d,%d,%.1f\n" % (args.run, level, r["attempts"],
-                            r["time"], r["rounds"], r["hits"], r["health"], total))
+    began, total = time.monotonic(), None
+    try:
+        total = bot.play()
+    finally:
+        if args.table:
+            write_rows(args.table, args.run, bot.records, total or time.monotonic() - began,
+                       total is not None)
+
+
+def write_rows(path, run, records, total, finished):
+    """A row per level played, also when the run ended before the campaign did, so that a level
+    the bot is stuck in shows in the table; the last two columns are the campaign's seconds so far
+    and whether the campaign was finished."""
+    with open(path, "a") as table:
+        for level in sorted(records):
+            r = records[level]
+            table.write("%s,%d,%d,%.1f,%d,%d,%d,%.1f,%d,%d\n" % (
+                run, level, r["attempts"], r["time"], r["rounds"], r["hits"], r["health"], total,
+                r["won"], finished))
 
 
 if __name__ == "__main__":
