@@ -44,6 +44,10 @@ play_once() {
         sleep 0.1
     done
     if [ -n "$window" ]; then
+        # Without a window manager the keys go to the window under the pointer, and a stroke of
+        # the mouse past the window's edge took them from the game, for good (the bot walked on
+        # the spot); a desktop gives the game's window the focus, and so does this.
+        DISPLAY=$display xdotool windowfocus "$window"
         DISPLAY=$display timeout "$TIME_LIMIT" python3 "$ROOT/tools/playerbot/campaign.py" --log "$work/stdout.log" \
             --window "$window" --maps "$work/maps/meadow.map,$work/maps/harbour.map,$work/maps/fortress.map" \
             --table "$CSV" --run "$run" --seed "$run" >"$BUILD/campaign-bench-$run.log" 2>&1
