@@ -149,7 +149,7 @@ const ShippedLevel kShippedLevels[] = {
     {"maps/fortress.map",
      feetOn(100, 520),
      {{"medkit", {1565, 480}},
-      {"ammo", {1595, 410}},
+      {"ammo", {1625, 480}},
       {"medkit", {2615, 480}},
       {"grenades", {2175, 390}},
       {"hidden grenades", {3140, 490}}},

@@ -23,7 +23,7 @@ import threading
 import time
 
 from observer import Observer
-from playerbot import Bot, options, parse, read_level_size
+from playerbot import WEAPON_KEYS, Bot, options, parse, read_level_size
 from scroll import ScrollTracker
 from xsession import XSession
 
@@ -31,6 +31,11 @@ from xsession import XSession
 HEALTH_ROW, HEALTH_LEFT, HEALTH_WIDTH = 58, 128, 200
 HEALTH_COLOUR = b"\x30\x26\xb6"
 BLOOD = b"\x00\x00\xff"  # a drop of blood is pure red
+# The status bar's magazine: a brass cartridge on this row for each round loaded.
+MAGAZINE_ROW, MAGAZINE_LEFT, MAGAZINE_RIGHT = 57, 390, 636
+# Seconds the magazine may stay empty before the bot takes it that the reserve is spent too (the
+# game loads the next magazine by itself).
+RELOAD_SECONDS = 2.5
 # Pixels between the hero and an opponent: one within REACH is fought from where the hero
 # stands; one farther away is walked to until he is CLOSE. The levels run west to east and the
 # opponents stand at the west ends of their perches, so the bot stays west of them.
@@ -113,6 +118,7 @@ class CampaignBot(Bot):
         self.hero = seen.hero[0]
         self.step_go()
         seen.go = False
+        self.weapon = "gun"  # each level hands the hero the gun
         began, presses = time.monotonic(), self.hand.presses
         reported = self.hero
         while seen.foes and not seen.lost and seen.level == level and not seen.finished:
@@ -163,6 +169,8 @@ class CampaignBot(Bot):
                     self.hits, misses = self.hits + 1, 0
                 else:
                     misses += 1
+                if self.weapon == "gun" and self.magazine_empty():
+                    self.take_pistol_when_spent()
             elif self.eye.sight() is None:
                 self.hand.tap(self.args.tap / 1000.0)  # closes the bubble over the sight
             else:
@@ -172,6 +180,23 @@ class CampaignBot(Bot):
         if self.standing(foe):
             self.moves[foe] = self.moves.get(foe, -1) + 1
             self.walk_to(foe, STANDS[self.moves[foe] % len(STANDS)])
+
+    def magazine_empty(self):
+        """Whether the status bar shows no cartridge in the magazine, in the last look."""
+        data, stride = self.eye.last
+        row = data[MAGAZINE_ROW * stride + 4 * MAGAZINE_LEFT:MAGAZINE_ROW * stride + 4 * MAGAZINE_RIGHT]
+        return not any(row[i + 2] > 150 and row[i + 1] > 100 for i in range(0, len(row), 4))
+
+    def take_pistol_when_spent(self):
+        """A player whose gun has run dry takes the pistol, as long as the magazine stays empty
+        past a reload."""
+        time.sleep(RELOAD_SECONDS)
+        self.eye.look()
+        if self.magazine_empty():
+            self.say("the gun is spent: taking the pistol")
+            self.hand.react()
+            self.hand.key(WEAPON_KEYS["pistol"])
+            self.weapon = "pistol"
 
     def standing(self, foe):
         self.observer.poll()
