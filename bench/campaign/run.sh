@@ -7,7 +7,8 @@
 # Usage: bench/campaign/run.sh [BUILD_DIR] [RUNS]     (BUILD_DIR defaults to build/)
 # PARALLEL=2 plays two runs at once, on two servers (check the load first: the game must keep its
 # frame rate for the figures to mean anything). FIRST=N numbers the runs from N and adds them to
-# the runs already in the CSV file (by default it starts afresh from 1).
+# the runs already in the CSV file (by default it starts afresh from 1). A run still going after
+# TIME_LIMIT seconds (1800 by default) is stopped; its rows say how far it got.
 set -uo pipefail
 
 ROOT=$(cd "$(dirname "$0")/../.." && pwd)
@@ -15,6 +16,7 @@ BUILD=$(cd "${1:-$ROOT/build}" && pwd)
 RUNS=${2:-3}
 PARALLEL=${PARALLEL:-1}
 FIRST=${FIRST:-1}
+TIME_LIMIT=${TIME_LIMIT:-1800}
 CSV="$BUILD/campaign-bench.csv"
 TABLE="$BUILD/campaign-bench.md"
 
@@ -42,7 +44,11 @@ play_once() {
         sleep 0.1
     done
     if [ -n "$window" ]; then
-        DISPLAY=$display python3 "$ROOT/tools/playerbot/campaign.py" --log "$work/stdout.log" \
+        # Without a window manager the keys go to the window under the pointer, and a stroke of
+        # the mouse past the window's edge took them from the game, for good (the bot walked on
+        # the spot); a desktop gives the game's window the focus, and so does this.
+        DISPLAY=$display xdotool windowfocus "$window"
+        DISPLAY=$display timeout "$TIME_LIMIT" python3 "$ROOT/tools/playerbot/campaign.py" --log "$work/stdout.log" \
             --window "$window" --maps "$work/maps/meadow.map,$work/maps/harbour.map,$work/maps/fortress.map" \
             --table "$CSV" --run "$run" --seed "$run" >"$BUILD/campaign-bench-$run.log" 2>&1
         status=$?
@@ -82,13 +88,16 @@ names = {1: "meadow", 2: "harbour", 3: "fortress"}
 print("| run | level | attempts | time (s) | rounds | hits | hit rate | health left |")
 print("|---|---|---|---|---|---|---|---|")
 totals = {}
-for run, level, attempts, seconds, rounds, hits, health, total in rows:
+for run, level, attempts, seconds, rounds, hits, health, total, won, finished in rows:
     rate = "%d %%" % (100 * int(hits) // int(rounds)) if int(rounds) else "-"
     print("| %s | %s | %s | %s | %s | %s | %s | %s |"
-          % (run, names.get(int(level), level), attempts, seconds, rounds, hits, rate, health))
-    totals[run] = float(total)
+          % (run, names.get(int(level), level), attempts, seconds, rounds, hits, rate,
+             health if int(won) else "not won"))
+    totals[run] = (float(total), int(finished))
 print()
 for run in sorted(totals):
-    print("run %s: the whole campaign in %d min %02d s" % (run, totals[run] // 60, totals[run] % 60))
+    seconds, finished = totals[run]
+    print("run %s: %s in %d min %02d s" % (run, "the whole campaign" if finished else "stopped, not finished,",
+                                          seconds // 60, seconds % 60))
 EOF_PYTHON
 cat "$TABLE"

@@ -128,9 +128,12 @@ TEST_F(ReachTest, OverlayPlacesSpansStartAndPathThroughCameraAndZoom) {
     destroy_bitmap(view);
 }
 
-// Where the level scripts put their characters and boxes (data/script/levels/*.fb), read off the
-// scripts by hand: a character stands with its feet 3 pixels above the surface it is dropped onto
-// (it is placed 50 above it and is 48 high); a box is named by the middle of its top edge.
+// Where the level scripts put their characters and boxes (data/script/levels/*.fb), as the `vesk`
+// dry run of each level's setup prints them (from data/: `../build/vesk script/main.fb
+// FortressSetup`): a character added at addPlayer(..., X, Y) stands with its feet at (X + 16,
+// Y + 47), 3 pixels above the surface 50 below Y (it is 48 high); a box of addPresent(KIND, X, Y)
+// is named by the middle of its top edge, X + 15 (the pictures are 30 wide), and a hidden one of
+// addHiddenPresent(X, Y, W, H) by (X + W / 2, Y).
 struct Placed {
     std::string who;
     ReachPoint at;
@@ -151,41 +154,40 @@ ReachPoint feetOn(int x, int floor) {
 const ShippedLevel kShippedLevels[] = {
     {"maps/meadow.map",
      feetOn(100, 520),
-     {{"ammo", {315, 480}}, {"medkit", {1435, 280}}, {"hidden grenades", {2320, 370}}},
+     {{"ammo", {315, 480}}, {"medkit", {1715, 480}}, {"hidden grenades", {2320, 370}}},
      {{"Scout", feetOn(740, 520)},
-      {"Lookout", feetOn(1040, 250)},
-      {"Raider", feetOn(1340, 520)},
-      {"Sentry", feetOn(1760, 260)}}},
+      {"Raider", feetOn(1100, 480)},
+      {"Lookout", feetOn(1208, 400)},
+      {"Sentry", feetOn(1968, 380)}}},
     {"maps/harbour.map",
      feetOn(100, 520),
-     {{"medkit", {1055, 320}},
+     {{"medkit", {1315, 480}},
       {"ammo", {1435, 410}},
-      {"medkit", {2675, 410}},
+      {"medkit", {2465, 480}},
       {"hidden grenades", {3110, 330}}},
-     {{"Bosun", feetOn(900, 520)},
-      {"Deckhand", feetOn(850, 430)},
-      {"Lookout", feetOn(1240, 270)},
-      {"Gunner", feetOn(1770, 520)},
-      {"Porter", feetOn(2240, 340)},
-      {"Sailor", feetOn(2420, 260)},
-      {"Mate", feetOn(2880, 520),
-       "he stands on the quay under the last pier, walled in by the sea wall, the pier and the crates: "
-       "the hero fights him from the crates and the pier"}}},
+     {{"Bosun", feetOn(574, 460)},
+      {"Deckhand", feetOn(1004, 480)},
+      {"Lookout", feetOn(1388, 440)},
+      {"Gunner", feetOn(1724, 480)},
+      {"Sailor", feetOn(1948, 420)},
+      {"Porter", feetOn(2314, 456)},
+      {"Mate", feetOn(2628, 440)}}},
     {"maps/fortress.map",
      feetOn(100, 520),
-     {{"medkit", {1175, 410}},
-      {"ammo", {1595, 410}},
-      {"medkit", {2415, 310}},
-      {"grenades", {2235, 390}},
+     {{"medkit", {1565, 480}},
+      {"ammo", {1625, 480}},
+      {"medkit", {2615, 480}},
+      {"grenades", {2175, 390}},
       {"hidden grenades", {3140, 490}}},
      {{"Sentry", feetOn(650, 520)},
-      {"Guard", feetOn(860, 350)},
-      {"Guard", feetOn(1400, 360)},
-      {"Guard", feetOn(1840, 520)},
-      {"Guard", feetOn(2200, 420)},
-      {"Guard", feetOn(2560, 520)},
-      {"Rask", feetOn(2700, 260)},
-      {"Guard", feetOn(3000, 520)}}},
+      {"Sentry at his post", feetOn(820, 520)},
+      {"Guard", feetOn(588, 430)},
+      {"Guard", feetOn(1128, 440)},
+      {"Guard", feetOn(1984, 472)},
+      {"Rask", feetOn(2088, 420)},
+      {"Guard", feetOn(2408, 520)},
+      {"Guard", feetOn(2948, 430)},
+      {"Guard", feetOn(3204, 472)}}},
 };
 
 // Each span the analysis calls reachable, the game's own loop puts the player on by the witness,

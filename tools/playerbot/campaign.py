@@ -13,14 +13,17 @@ It prints a line per level and, with --table, appends one CSV row per level to F
 the attempts it took, the seconds from the first hand-over to the last opponent down (retries
 included), the rounds fired (the bot's taps: a 100 ms tap fires one round, as the gun needs 7
 frames between two), the hits seen (new drops of blood around the aim point within a fifth of a
-second of a tap), and the health the status bar shows when the last opponent falls."""
+second of a tap), the health the status bar shows when the last opponent falls, the campaign's
+seconds (so far, when it was not finished), whether the level was won and whether the campaign
+was. The rows are written also when the bot gives up or is stopped (SIGTERM)."""
 
+import signal
 import sys
 import threading
 import time
 
 from observer import Observer
-from playerbot import Bot, options, parse, read_level_size
+from playerbot import WEAPON_KEYS, Bot, options, parse, read_level_size
 from scroll import ScrollTracker
 from xsession import XSession
 
@@ -28,6 +31,11 @@ from xsession import XSession
 HEALTH_ROW, HEALTH_LEFT, HEALTH_WIDTH = 58, 128, 200
 HEALTH_COLOUR = b"\x30\x26\xb6"
 BLOOD = b"\x00\x00\xff"  # a drop of blood is pure red
+# The status bar's magazine: a brass cartridge on this row for each round loaded.
+MAGAZINE_ROW, MAGAZINE_LEFT, MAGAZINE_RIGHT = 57, 390, 636
+# Seconds the magazine may stay empty before the bot takes it that the reserve is spent too (the
+# game loads the next magazine by itself).
+RELOAD_SECONDS = 2.5
 # Pixels between the hero and an opponent: one within REACH is fought from where the hero
 # stands; one farther away is walked to until he is CLOSE. The levels run west to east and the
 # opponents stand at the west ends of their perches, so the bot stays west of them.
@@ -102,7 +110,7 @@ class CampaignBot(Bot):
         seen = self.observer
         level, attempt = seen.level, seen.attempt
         record = self.records.setdefault(level, dict(attempts=0, time=0.0, rounds=0, hits=0,
-                                                     health=0))
+                                                     health=0, won=False))
         record["attempts"] = attempt
         width = read_level_size(self.maps[level - 1])[0]
         self.scroll = ScrollTracker(self.camera.view[0], width)
@@ -110,6 +118,7 @@ class CampaignBot(Bot):
         self.hero = seen.hero[0]
         self.step_go()
         seen.go = False
+        self.weapon = "gun"  # each level hands the hero the gun
         began, presses = time.monotonic(), self.hand.presses
         reported = self.hero
         while seen.foes and not seen.lost and seen.level == level and not seen.finished:
@@ -124,6 +133,7 @@ class CampaignBot(Bot):
         self.hits = 0
         if not seen.lost:
             record["health"] = self.health()
+            record["won"] = True
         self.say("level %d, attempt %d: %s after %.1f s, health %d" % (level, attempt,
                  "lost" if seen.lost else "won", time.monotonic() - began, record["health"]))
 
@@ -159,6 +169,8 @@ class CampaignBot(Bot):
                     self.hits, misses = self.hits + 1, 0
                 else:
                     misses += 1
+                if self.weapon == "gun" and self.magazine_empty():
+                    self.take_pistol_when_spent()
             elif self.eye.sight() is None:
                 self.hand.tap(self.args.tap / 1000.0)  # closes the bubble over the sight
             else:
@@ -168,6 +180,23 @@ class CampaignBot(Bot):
         if self.standing(foe):
             self.moves[foe] = self.moves.get(foe, -1) + 1
             self.walk_to(foe, STANDS[self.moves[foe] % len(STANDS)])
+
+    def magazine_empty(self):
+        """Whether the status bar shows no cartridge in the magazine, in the last look."""
+        data, stride = self.eye.last
+        row = data[MAGAZINE_ROW * stride + 4 * MAGAZINE_LEFT:MAGAZINE_ROW * stride + 4 * MAGAZINE_RIGHT]
+        return not any(row[i + 2] > 150 and row[i + 1] > 100 for i in range(0, len(row), 4))
+
+    def take_pistol_when_spent(self):
+        """A player whose gun has run dry takes the pistol, as long as the magazine stays empty
+        past a reload."""
+        time.sleep(RELOAD_SECONDS)
+        self.eye.look()
+        if self.magazine_empty():
+            self.say("the gun is spent: taking the pistol")
+            self.hand.react()
+            self.hand.key(WEAPON_KEYS["pistol"])
+            self.weapon = "pistol"
 
     def standing(self, foe):
         self.observer.poll()
@@ -242,14 +271,28 @@ def main():
     parser.add_argument("--table", help="a CSV file to which a row per level is appended")
     parser.add_argument("--run", default="1", help="the run's name in the table")
     args = parse(parser)
+    # A run stopped from outside (run.sh's time limit) still leaves its rows.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("bot: stopped from outside"))
     bot = CampaignBot(args)
-    total = bot.play()
-    if args.table:
-        with open(args.table, "a") as table:
-            for level in sorted(bot.records):
-                r = bot.records[level]
-                table.write("%s,%d,%d,%.1f,%d,%d,%d,%.1f\n" % (args.run, level, r["attempts"],
-                            r["time"], r["rounds"], r["hits"], r["health"], total))
+    began, total = time.monotonic(), None
+    try:
+        total = bot.play()
+    finally:
+        if args.table:
+            write_rows(args.table, args.run, bot.records, total or time.monotonic() - began,
+                       total is not None)
+
+
+def write_rows(path, run, records, total, finished):
+    """A row per level played, also when the run ended before the campaign did, so that a level
+    the bot is stuck in shows in the table; the last two columns are the campaign's seconds so far
+    and whether the campaign was finished."""
+    with open(path, "a") as table:
+        for level in sorted(records):
+            r = records[level]
+            table.write("%s,%d,%d,%.1f,%d,%d,%d,%.1f,%d,%d\n" % (
+                run, level, r["attempts"], r["time"], r["rounds"], r["hits"], r["health"], total,
+                r["won"], finished))
 
 
 if __name__ == "__main__":
